@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QMap>
+#include <QPoint>
+#include <QString>
+#include <QVector>
+
+class QXmlStreamReader;
+
+// One Lightroom develop preset as read from a .lrtemplate or .xmp file.
+// A plain value object: the readers write into its fields, everyone else
+// reads them directly.
+class lightroom_importer {
+public:
+    QMap<QString, QString> settings; // bare setting name -> value exactly as text
+    QString name;
+    QString description;
+    QVector<QPoint> tone_curve;
+    QVector<QPoint> tone_curve_red;
+    QVector<QPoint> tone_curve_green;
+    QVector<QPoint> tone_curve_blue;
+
+    lightroom_importer() = default;
+
+    void read_lrpreset(const QString& path);
+    void read_xmp(const QString& path);
+
+    void read_dot_notation_lrpreset(const QString& text);
+    void read_regular_lrpreset(const QString& text);
+
+    // The XMP walk over bytes already in memory (read_xmp opens the file and calls this).
+    void read_xmp_data(const QByteArray& data);
+
+    static QString get_xmp_text(QXmlStreamReader& reader);
+    static QVector<QPoint> get_curve(QXmlStreamReader& reader);
+};

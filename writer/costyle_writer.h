@@ -1,0 +1,32 @@
+#pragma once
+
+#include "color/colour_table.h"
+#include <QString>
+#include <array>
+
+class lightroom_importer;
+
+// Turns preset records into Capture One style documents. Construction loads
+// the colour tables from the compiled-in resources (throws stk::exception on a
+// broken table); afterwards the writer can convert any number of presets.
+class costyle_writer {
+public:
+    enum table_index { adobe_rgb = 0, srgb = 1, wide_gamut_rgb = 2, identity = 3 };
+
+    costyle_writer();
+
+    // Reads the stored "colorspace" setting (default "raw") and converts.
+    bool create_costyle(const lightroom_importer& preset, QString& out) const;
+    // The same with the colour space given by the caller; touches no stored setting.
+    bool create_costyle(const lightroom_importer& preset, QString& out, const QString& colour_space) const;
+
+    // Raises the flags for what needs the user's attention. white_balance, dehaze
+    // and lut are always assigned; camera_calibration is only ever raised.
+    void check_costyle(bool& white_balance, bool& dehaze, bool& lut, bool& camera_calibration,
+                       const lightroom_importer& preset) const;
+
+    const colour_table& table(table_index index) const { return tables_[index]; }
+
+private:
+    std::array<colour_table, 4> tables_;
+};
