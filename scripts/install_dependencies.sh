@@ -15,8 +15,8 @@ packages=(
     xvfb xauth libxml2-utils zip unzip
     liblcms2-dev lua5.4 libimage-exiftool-perl
     clang libclang-rt-14-dev
-    # packaging checks
-    desktop-file-utils appstream dpkg-dev man-db help2man
+    # packaging and its checks (file: CPack finds the programs for dpkg-shlibdeps)
+    desktop-file-utils appstream dpkg-dev man-db help2man file shared-mime-info
 )
 
 missing=()
