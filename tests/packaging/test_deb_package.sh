@@ -187,6 +187,11 @@ if [ -n "$gui_binary" ]; then
     fi
     grep -qx 'Icon=stylewright' "$root/usr/share/applications/stylewright.desktop" \
         || fail "the desktop entry does not name the stylewright icon"
+    if [ "$mode" = scratch ] && command -v appstreamcli >/dev/null 2>&1; then
+        # The metainfo together with the desktop entry and icons it refers to.
+        appstreamcli validate-tree --no-net --strict --override=cid-maybe-not-rdns=pedantic "$root" \
+            || fail "appstreamcli rejects the installed tree"
+    fi
 
     echo "== starting the window under Xvfb"
     if command -v xvfb-run >/dev/null 2>&1; then
