@@ -9,6 +9,7 @@
 #include <QLoggingCategory>
 #include <QSaveFile>
 
+#include <cerrno>
 #include <exception>
 
 namespace {
@@ -169,7 +170,17 @@ private:
             return false;
         }
         const QByteArray bytes = document.toUtf8();
-        if (file.write(bytes) != bytes.size() || !file.commit()) {
+        errno = 0;
+        // QSaveFile::commit renames even when flushing its buffer failed (a full disk,
+        // a file-size limit), which would replace the style by a truncated one; so
+        // the data is flushed and checked before the commit.
+        if (file.write(bytes) != bytes.size() || !file.flush()) {
+            const int error = errno;
+            reason = error != 0 ? qt_error_string(error) : file.errorString();
+            file.cancelWriting();
+            return false;
+        }
+        if (!file.commit()) {
             reason = file.errorString();
             return false;
         }

@@ -186,6 +186,11 @@ struct answer_case {
     const char* title;
 };
 
+void PrintTo(const answer_case& c, std::ostream* os)
+{
+    *os << c.option << ' ' << c.settings.firstKey().toStdString();
+}
+
 class answer_option_test : public stylewright_cli_test, public ::testing::WithParamInterface<answer_case> {};
 
 TEST_P(answer_option_test, skip_skips_and_convert_converts_with_one_warning_each)
@@ -410,25 +415,53 @@ TEST_F(stylewright_cli_test, pack_in_a_missing_folder_fails)
     const cli_result result = run({QStringLiteral("-p"), QStringLiteral("nowhere/x.costylepack"), QStringLiteral("a.xmp")});
     EXPECT_EQ(result.exit_code, 1);
     EXPECT_EQ(result.error_lines(),
-              (QStringList{QStringLiteral("Warning: libzip zip_open error 11: Can't open file"),
+              (QStringList{QStringLiteral("Warning: libzip zip_close error -1: Unknown error -1"),
                            QStringLiteral("Error: nowhere/x.costylepack: The style pack could not be written."),
                            QStringLiteral("0 converted, 0 skipped, 1 failed")}));
 }
 
-TEST_F(stylewright_cli_test, existing_style_survives_a_failed_write)
+TEST_F(stylewright_cli_test, pack_that_cannot_be_opened_fails)
 {
     xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), plain());
-    write_file(QDir(work_.path()), QStringLiteral("a.costyle"), "previous");
-    // A file-size limit below a style's size makes the write fail for any user.
+    const cli_result result = run({QStringLiteral("-p"), QStringLiteral("a.xmp/x.costylepack"), QStringLiteral("a.xmp")});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_EQ(result.error_lines().value(0), QStringLiteral("Warning: libzip zip_open error 5: Read error: Not a directory"));
+}
+
+// Runs the converter under a file-size limit of 512 bytes, below a style's and a
+// pack's size, so that writing fails whoever runs the test.
+int run_with_tiny_file_limit(const QString& folder, const QStringList& arguments)
+{
     QProcess shell;
-    shell.setWorkingDirectory(work_.path());
+    shell.setWorkingDirectory(folder);
     shell.start(QStringLiteral("/bin/sh"),
-                {QStringLiteral("-c"), QStringLiteral("ulimit -f 1; trap '' XFSZ; exec \"$0\" a.xmp"),
-                 QStringLiteral(STYLEWRIGHT_CLI_PATH)});
-    ASSERT_TRUE(shell.waitForFinished());
-    EXPECT_EQ(shell.exitCode(), 1) << shell.readAllStandardError().constData();
+                QStringList{QStringLiteral("-c"), QStringLiteral("ulimit -f 1; trap '' XFSZ; exec \"$0\" \"$@\""),
+                            QStringLiteral(STYLEWRIGHT_CLI_PATH)}
+                    + arguments);
+    return shell.waitForFinished() ? shell.exitCode() : -1;
+}
+
+TEST_F(stylewright_cli_test, existing_style_survives_a_failed_write)
+{
+    xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), colourful());
+    write_file(QDir(work_.path()), QStringLiteral("a.costyle"), "previous");
+
+    EXPECT_EQ(run_with_tiny_file_limit(work_.path(), {QStringLiteral("a.xmp")}), 1);
     EXPECT_EQ(read_file(work(QStringLiteral("a.costyle"))), QByteArray("previous"));
     EXPECT_EQ(files_in(work_.path()), (QStringList{QStringLiteral("a.costyle"), QStringLiteral("a.xmp")}));
+}
+
+TEST_F(stylewright_cli_test, existing_pack_survives_a_failed_write)
+{
+    QStringList presets;
+    for (int i = 0; i < 12; ++i)
+        presets.append(xmp(QStringLiteral("p%1.xmp").arg(i), QStringLiteral("P%1").arg(i), colourful()));
+    write_file(QDir(work_.path()), QStringLiteral("x.costylepack"), "previous");
+
+    EXPECT_EQ(run_with_tiny_file_limit(work_.path(), QStringList{QStringLiteral("-p"), QStringLiteral("x.costylepack")} + presets), 1);
+    EXPECT_EQ(read_file(work(QStringLiteral("x.costylepack"))), QByteArray("previous"));
+    EXPECT_EQ(QDir(work_.path()).entryList({QStringLiteral("*.costylepack*"), QStringLiteral(".*")}, QDir::Files | QDir::Hidden),
+              QStringList{QStringLiteral("x.costylepack")});
 }
 
 TEST_F(stylewright_cli_test, stores_no_settings)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "conversion/qt_printing.h"
+
 #include <QDir>
 #include <QFile>
 #include <QMap>
@@ -13,7 +15,7 @@ inline QByteArray xmp_text(const QString& name, const QMap<QString, QString>& se
 {
     QString attributes;
     for (auto it = settings.cbegin(); it != settings.cend(); ++it)
-        attributes += QStringLiteral("\n    crs:%1=\"%2\"").arg(it.key(), it.value());
+        attributes += QStringLiteral("\n    crs:%1=\"%2\"").arg(it.key(), it.value().toHtmlEscaped());
     return QStringLiteral(
                "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
                " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
@@ -23,7 +25,7 @@ inline QByteArray xmp_text(const QString& name, const QMap<QString, QString>& se
                "  </rdf:Description>\n"
                " </rdf:RDF>\n"
                "</x:xmpmeta>\n")
-        .arg(attributes, name)
+        .arg(attributes, name.toHtmlEscaped())
         .toUtf8();
 }
 
@@ -67,6 +69,12 @@ inline QMap<QString, QString> white_balance() { return {{QStringLiteral("Tempera
 inline QMap<QString, QString> dehaze() { return {{QStringLiteral("Dehaze"), QStringLiteral("12")}}; }
 inline QMap<QString, QString> lut() { return {{QStringLiteral("RGBTable"), QStringLiteral("ABC")}}; }
 inline QMap<QString, QString> calibration() { return {{QStringLiteral("RedHue"), QStringLiteral("10")}}; }
+// Per-hue adjustments make the longest styles (over a kilobyte).
+inline QMap<QString, QString> colourful()
+{
+    return {{QStringLiteral("HueAdjustmentRed"), QStringLiteral("10")},
+            {QStringLiteral("SaturationAdjustmentBlue"), QStringLiteral("-20")}};
+}
 inline QMap<QString, QString> plain() { return {{QStringLiteral("Exposure2012"), QStringLiteral("0.50")}}; }
 
 inline QMap<QString, QString> merged(std::initializer_list<QMap<QString, QString>> parts)

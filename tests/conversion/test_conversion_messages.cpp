@@ -39,6 +39,11 @@ struct plain_case {
     const char* plain;
 };
 
+void PrintTo(const plain_case& c, std::ostream* os)
+{
+    *os << c.plain;
+}
+
 class plain_text_test : public ::testing::TestWithParam<plain_case> {};
 
 TEST_P(plain_text_test, gives_one_line)

@@ -367,7 +367,7 @@ TEST_F(conversion_run_test, existing_style_survives_a_failed_write)
 {
     const QByteArray previous = "previous style, kept";
     write_file(QDir(output_.path()), QStringLiteral("a.costyle"), previous);
-    const QString preset = xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), plain());
+    const QString preset = xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), colourful());
 
     // A file-size limit far below a style's size makes the write itself fail, even
     // for a user who may write everywhere. The signal it raises is ignored for the
@@ -375,7 +375,7 @@ TEST_F(conversion_run_test, existing_style_survives_a_failed_write)
     rlimit saved{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
     rlimit tiny = saved;
-    tiny.rlim_cur = 64;
+    tiny.rlim_cur = 256;
     auto* previous_handler = signal(SIGXFSZ, SIG_IGN);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tiny), 0);
     const conversion_result result = run({preset});
@@ -385,6 +385,7 @@ TEST_F(conversion_run_test, existing_style_survives_a_failed_write)
     EXPECT_EQ(result.failed, 1);
     ASSERT_EQ(shell_.failures.size(), 1u);
     EXPECT_EQ(shell_.failures[0].kind, failure_kind::write_failed);
+    EXPECT_TRUE(shell_.failures[0].text.endsWith(QStringLiteral("<br/>File too large")));
     EXPECT_EQ(read_file(output(QStringLiteral("a.costyle"))), previous);
     // No temporary file is left behind.
     EXPECT_EQ(QDir(output_.path()).entryList(QDir::Files | QDir::Hidden),

@@ -12,6 +12,11 @@ struct suffix_case {
     preset_format format;
 };
 
+void PrintTo(const suffix_case& c, std::ostream* os)
+{
+    *os << c.path;
+}
+
 class preset_format_test : public ::testing::TestWithParam<suffix_case> {};
 
 TEST_P(preset_format_test, by_last_suffix_in_any_case)

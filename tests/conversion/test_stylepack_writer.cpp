@@ -6,6 +6,9 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <signal.h>
+#include <sys/resource.h>
+
 namespace {
 
 // Collects the log lines written while it lives.
@@ -110,14 +113,67 @@ TEST_F(stylepack_writer_test, a_file_that_is_no_archive_is_replaced)
     EXPECT_EQ(zip_reading::names(pack).size(), 2);
 }
 
-TEST_F(stylepack_writer_test, missing_folder_gives_open_warning)
+TEST_F(stylepack_writer_test, path_below_a_file_gives_open_warning_and_nothing_more)
 {
+    const QString file = preset_fixtures::write_file(QDir(dir_.path()), QStringLiteral("plain"), "x");
+    log_capture log;
+    EXPECT_FALSE(write_stylepack(file + QStringLiteral("/Looks.costylepack"), two_styles, false));
+
+    // No entry is added and no close attempted after a failed open.
+    EXPECT_EQ(log_capture::lines(),
+              QStringList{QStringLiteral("warning: libzip zip_open error 5: Read error: Not a directory")});
+    EXPECT_EQ(preset_fixtures::read_file(file), QByteArray("x"));
+}
+
+TEST_F(stylepack_writer_test, folder_as_path_gives_open_warning)
+{
+    const QString folder = path(QStringLiteral("Looks.costylepack"));
+    ASSERT_TRUE(QDir(dir_.path()).mkdir(QStringLiteral("Looks.costylepack")));
+    log_capture log;
+    EXPECT_FALSE(write_stylepack(folder, two_styles, false));
+    EXPECT_EQ(log_capture::lines(),
+              QStringList{QStringLiteral("warning: libzip zip_open error 28: Operation not supported")});
+    EXPECT_TRUE(QFileInfo(folder).isDir());
+}
+
+TEST_F(stylepack_writer_test, missing_folder_fails_on_close)
+{
+    // libzip opens an archive that does not exist yet without touching the disk;
+    // the missing folder shows when the temporary file is made at close.
     const QString pack = path(QStringLiteral("missing/Looks.costylepack"));
     log_capture log;
     EXPECT_FALSE(write_stylepack(pack, two_styles, false));
 
-    EXPECT_EQ(log_capture::lines(), QStringList{QStringLiteral("warning: libzip zip_open error 11: Can't open file")});
+    EXPECT_EQ(log_capture::lines(),
+              (QStringList{QStringLiteral("debug: Key 0: 'a.costyle' -> 'a.costyle'"),
+                           QStringLiteral("debug: Key 1: 'b.costyle' -> 'b.costyle'"),
+                           QStringLiteral("warning: libzip zip_close error -1: Unknown error -1")}));
     EXPECT_FALSE(QFile::exists(pack));
+}
+
+TEST_F(stylepack_writer_test, failed_close_keeps_the_earlier_archive)
+{
+    const QString pack = path(QStringLiteral("Looks.costylepack"));
+    ASSERT_TRUE(write_stylepack(pack, {{QStringLiteral("old.costyle"), QStringLiteral("<old/>")}}, false));
+    const QByteArray before = preset_fixtures::read_file(pack);
+    // Incompressible data larger than the file-size limit makes the temporary
+    // archive's write fail inside zip_close.
+    QString noise;
+    for (int i = 0; i < 4096; ++i)
+        noise += QChar(0x4e00 + (i * 7919) % 20000);
+    rlimit saved{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &saved), 0);
+    rlimit tiny = saved;
+    tiny.rlim_cur = 1024;
+    auto* previous_handler = signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tiny), 0);
+    const bool written = write_stylepack(pack, {{QStringLiteral("new.costyle"), noise}}, false);
+    setrlimit(RLIMIT_FSIZE, &saved);
+    signal(SIGXFSZ, previous_handler);
+
+    EXPECT_FALSE(written);
+    EXPECT_EQ(preset_fixtures::read_file(pack), before);
+    EXPECT_EQ(QDir(dir_.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("Looks.costylepack")});
 }
 
 TEST_F(stylepack_writer_test, empty_map_writes_nothing)
