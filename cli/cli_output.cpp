@@ -39,7 +39,9 @@ bool shown(QtMsgType type)
     case verbosity::verbose:
         return true;
     case verbosity::normal:
-        return type != QtDebugMsg;
+        // The curve steps report their intermediate results at info level, dozens of
+        // lines per preset: log detail, not news for someone running a batch.
+        return type != QtDebugMsg && type != QtInfoMsg;
     case verbosity::quiet:
         return type == QtCriticalMsg || type == QtFatalMsg;
     }
@@ -80,7 +82,7 @@ void install(verbosity level)
     // Disabled categories skip the formatting of their messages altogether,
     // which matters for the mapping's many debug lines in large batches.
     if (level == verbosity::normal)
-        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false"));
     else if (level == verbosity::quiet)
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\n*.warning=false"));
     qInstallMessageHandler(handle_message);

@@ -12,7 +12,8 @@ namespace cli_output {
 
 // Sets what is shown and installs the Qt message handler that prints log lines
 // as "Debug: ", "Info: ", "Warning: ", "Critical: " or "Fatal: " + message:
-// debug lines only when verbose, nothing but critical and fatal ones when quiet.
+// debug and info lines only when verbose, nothing but critical and fatal ones
+// when quiet.
 void install(verbosity level);
 
 // A log line through the same filter and format as the message handler's.
