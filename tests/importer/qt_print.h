@@ -5,6 +5,7 @@
 
 #include "importer/lua_tokenizer.h"
 
+#include <QMap>
 #include <QPoint>
 #include <QString>
 #include <QVector>
@@ -33,4 +34,12 @@ inline void PrintTo(const QVector<QPoint>& points, std::ostream* os)
 inline void PrintTo(token_type type, std::ostream* os)
 {
     *os << lrtoken::token_type_to_name(type).toStdString();
+}
+
+inline void PrintTo(const QMap<QString, QString>& map, std::ostream* os)
+{
+    *os << '{';
+    for (auto it = map.cbegin(); it != map.cend(); ++it)
+        *os << ' ' << it.key().toStdString() << '=' << it.value().toStdString();
+    *os << " }";
 }

@@ -21,6 +21,12 @@ struct parse_case {
     curve blue;
 };
 
+// Names the case in test listings and failure messages.
+void PrintTo(const parse_case& c, std::ostream* os)
+{
+    *os << c.label;
+}
+
 class parse_test : public ::testing::TestWithParam<parse_case> {};
 
 TEST_P(parse_test, fills_the_record)
@@ -81,6 +87,11 @@ struct error_case {
     QString text;
     const char* message;
 };
+
+void PrintTo(const error_case& c, std::ostream* os)
+{
+    *os << c.label;
+}
 
 class error_test : public ::testing::TestWithParam<error_case> {};
 

@@ -14,6 +14,12 @@ struct classify_case {
     int number;
 };
 
+// Names the case in test listings and failure messages.
+void PrintTo(const classify_case& c, std::ostream* os)
+{
+    *os << c.piece;
+}
+
 class classify_test : public ::testing::TestWithParam<classify_case> {};
 
 TEST_P(classify_test, gives_type_text_and_number)
@@ -57,6 +63,11 @@ struct split_case {
     QString text;
     std::vector<std::pair<token_type, QString>> tokens; // eof excluded
 };
+
+void PrintTo(const split_case& c, std::ostream* os)
+{
+    *os << c.label;
+}
 
 class split_test : public ::testing::TestWithParam<split_case> {};
 
