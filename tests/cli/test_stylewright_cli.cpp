@@ -306,6 +306,41 @@ TEST_F(stylewright_cli_test, empty_folder_warns_and_succeeds)
                                                  QStringLiteral("0 converted, 0 skipped, 0 failed")}));
 }
 
+// Runs the converter on a pseudo terminal (through script) in the work folder
+// and returns what the terminal showed.
+QByteArray run_on_terminal(const QString& folder, const QString& arguments)
+{
+    const QString script = QStandardPaths::findExecutable(QStringLiteral("script"));
+    QProcess process;
+    process.setWorkingDirectory(folder);
+    process.start(script, {QStringLiteral("-qec"), QStringLiteral("'%1' %2").arg(QStringLiteral(STYLEWRIGHT_CLI_PATH), arguments),
+                           QStringLiteral("/dev/null")});
+    return process.waitForFinished(120000) ? process.readAllStandardOutput() : QByteArray();
+}
+
+TEST_F(stylewright_cli_test, progress_line_on_a_terminal_for_large_batches_only)
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("script")).isEmpty())
+        GTEST_SKIP() << "script (util-linux) not installed";
+    for (int i = 0; i < 40; ++i)
+        xmp(QStringLiteral("many/p%1.xmp").arg(i, 2, 10, QLatin1Char('0')), QStringLiteral("P"), plain());
+    for (int i = 0; i < 3; ++i)
+        xmp(QStringLiteral("few/p%1.xmp").arg(i), QStringLiteral("P"), plain());
+
+    const QByteArray many = run_on_terminal(work_.path(), QStringLiteral("-o out many"));
+    EXPECT_TRUE(many.contains("\r\033[K[1/40] p00.xmp")) << many.constData();
+    EXPECT_TRUE(many.contains("\r\033[K[40/40] p39.xmp"));
+    // The progress line is cleared before the summary.
+    EXPECT_TRUE(many.contains("p39.xmp\r\033[K40 converted, 0 skipped, 0 failed"));
+
+    const QByteArray few = run_on_terminal(work_.path(), QStringLiteral("-o out few"));
+    EXPECT_FALSE(few.contains("[1/3]"));
+    EXPECT_TRUE(few.contains("3 converted, 0 skipped, 0 failed"));
+
+    const QByteArray quiet = run_on_terminal(work_.path(), QStringLiteral("-q -o out many"));
+    EXPECT_FALSE(quiet.contains("[1/40]"));
+}
+
 // ---- inspect ---------------------------------------------------------------
 
 TEST_F(stylewright_cli_test, inspect_prints_the_preset_as_json)
