@@ -81,6 +81,8 @@ double parse_number(const char* begin, const char* end)
         if (q == end)
             return negative ? -static_cast<double>(value) : static_cast<double>(value);
     }
+    if (p < end && *p == '-')
+        return 0.0; // a second sign
     double value = 0.0;
     const auto result = std::from_chars(p, end, value);
     if (result.ec != std::errc() || result.ptr != end)
