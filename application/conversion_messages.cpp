@@ -31,8 +31,7 @@ QString wrap_name(const QString& name)
 
 question_labels translated_labels()
 {
-    return {QCoreApplication::translate("MainWindow", "Convert"),
-            QCoreApplication::translate("MainWindow", "Skip"),
+    return {QCoreApplication::translate("MainWindow", "Convert"), QCoreApplication::translate("MainWindow", "Skip"),
             QCoreApplication::translate("MainWindow", "Convert All"),
             QCoreApplication::translate("MainWindow", "Skip All")};
 }
@@ -42,18 +41,17 @@ conversion_question white_balance_question(const QString& file, const QString& p
 {
     const QString title = QCoreApplication::translate("MainWindow", "White balance modified by preset");
     const QString text = QCoreApplication::translate(
-        "MainWindow",
-        "Your preset %1 contains values for the white balance.<br/><br/>"
-        "Equal white balance values can lead to different results in Capture One.<br/>"
-        "Thus Stylewright translates the values instead of adapting them visually.<br/>"
-        "Anyway we recommend to keep the white balance settings for neutralizing the image instead of "
-        "using them for creating a look.<br/>"
-        "For this reason they should not be inside a preset.");
+        "MainWindow", "Your preset %1 contains values for the white balance.<br/><br/>"
+                      "Equal white balance values can lead to different results in Capture One.<br/>"
+                      "Thus Stylewright translates the values instead of adapting them visually.<br/>"
+                      "Anyway we recommend to keep the white balance settings for neutralizing the image instead of "
+                      "using them for creating a look.<br/>"
+                      "For this reason they should not be inside a preset.");
     return {preset_question::white_balance, file, title, text.arg(wrap_name(preset_name)), labels};
 }
 
-conversion_question unsupported_parameters_question(const QString& file, const QString& preset_name,
-                                                    bool lut, bool dehaze, const question_labels& labels)
+conversion_question unsupported_parameters_question(const QString& file, const QString& preset_name, bool lut,
+                                                    bool dehaze, const question_labels& labels)
 {
     QString list;
     if (lut)
@@ -62,12 +60,10 @@ conversion_question unsupported_parameters_question(const QString& file, const Q
         list += QStringLiteral("- ") + QCoreApplication::translate("MainWindow", "Dehaze") + QStringLiteral("<br/>");
     const QString title = QCoreApplication::translate("MainWindow", "Unsupported parameters in preset");
     const QString text = QCoreApplication::translate(
-        "MainWindow",
-        "Your selected preset %1 contains the following parameters, which can't be mapped in Capture One:"
-        "<br/>%2<br/>These parameters will be ignored.");
+        "MainWindow", "Your selected preset %1 contains the following parameters, which can't be mapped in Capture One:"
+                      "<br/>%2<br/>These parameters will be ignored.");
     // Both placeholders in one step: a "%2" inside the preset's name stays as it is.
-    return {preset_question::unsupported_parameters, file, title, text.arg(wrap_name(preset_name), list),
-            labels};
+    return {preset_question::unsupported_parameters, file, title, text.arg(wrap_name(preset_name), list), labels};
 }
 
 conversion_question camera_calibration_question(const QString& file, const QString& preset_name,
@@ -95,12 +91,12 @@ conversion_failure unsupported_format(const QString& file)
 conversion_failure unreadable_preset(const QString& file, const QString& error)
 {
     const QString title = QCoreApplication::translate("MainWindow", "Can't read preset");
-    const QString text = QCoreApplication::translate(
-                             "MainWindow",
-                             "Your preset %1 can't be processed by Stylewright.<br/><br/>"
-                             "Please contact the Quillmark support and send them a screenshot of this message "
-                             "and the preset file stated above to ")
-                         + support_address + QStringLiteral("<br/><br/>Error: %2");
+    const QString text =
+        QCoreApplication::translate("MainWindow",
+                                    "Your preset %1 can't be processed by Stylewright.<br/><br/>"
+                                    "Please contact the Quillmark support and send them a screenshot of this message "
+                                    "and the preset file stated above to ") +
+        support_address + QStringLiteral("<br/><br/>Error: %2");
     // One step for both placeholders: a "%1" in the error text stays as it is.
     return {failure_kind::unreadable_preset, file, title, text.arg(wrapped_file_name(file), error)};
 }
@@ -109,12 +105,12 @@ conversion_failure conversion_failed(const QString& file)
 {
     const QString title = QCoreApplication::translate("MainWindow", "Preset conversion failed");
     // The lone "<br>" is part of the text as the translations know it.
-    const QString text = QCoreApplication::translate(
-                             "MainWindow",
-                             "The preset %1 could not be converted to Capture One format.<br>"
-                             "Please contact Quillmark support and send them a screenshot of this message "
-                             "and the preset file stated above to ")
-                         + support_address + QStringLiteral("<br/><br/>");
+    const QString text =
+        QCoreApplication::translate("MainWindow",
+                                    "The preset %1 could not be converted to Capture One format.<br>"
+                                    "Please contact Quillmark support and send them a screenshot of this message "
+                                    "and the preset file stated above to ") +
+        support_address + QStringLiteral("<br/><br/>");
     return {failure_kind::conversion_failed, file, title, text.arg(wrapped_file_name(file))};
 }
 

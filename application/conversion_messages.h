@@ -54,8 +54,8 @@ question_labels translated_labels();
 conversion_question white_balance_question(const QString& file, const QString& preset_name,
                                            const question_labels& labels);
 // Lists "LUT" before "Dehaze", one line each, for the flags that are raised.
-conversion_question unsupported_parameters_question(const QString& file, const QString& preset_name,
-                                                    bool lut, bool dehaze, const question_labels& labels);
+conversion_question unsupported_parameters_question(const QString& file, const QString& preset_name, bool lut,
+                                                    bool dehaze, const question_labels& labels);
 conversion_question camera_calibration_question(const QString& file, const QString& preset_name,
                                                 const question_labels& labels);
 

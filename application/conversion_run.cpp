@@ -125,9 +125,8 @@ private:
             return turn_outcome::skipped;
 
         QString document;
-        const bool converted = options_.colour_space
-                                   ? writer.create_costyle(record, document, *options_.colour_space)
-                                   : writer.create_costyle(record, document);
+        const bool converted = options_.colour_space ? writer.create_costyle(record, document, *options_.colour_space)
+                                                     : writer.create_costyle(record, document);
         if (!converted) {
             shell_.report_failure(conversion_messages::conversion_failed(path));
             return turn_outcome::failed;
@@ -148,8 +147,8 @@ private:
     // The remembered "Skip All" answers, tested before any question is shown.
     bool skipped_silently(bool white_balance, bool unsupported, bool camera_calibration) const
     {
-        return (white_balance_.skip_all && white_balance) || (unsupported_.skip_all && unsupported)
-               || (camera_calibration_.skip_all && camera_calibration);
+        return (white_balance_.skip_all && white_balance) || (unsupported_.skip_all && unsupported) ||
+               (camera_calibration_.skip_all && camera_calibration);
     }
 
     template <typename make_question>
@@ -198,8 +197,7 @@ private:
 
 } // namespace
 
-conversion_result run_conversion(const QStringList& files, const conversion_options& options,
-                                 conversion_shell& shell)
+conversion_result run_conversion(const QStringList& files, const conversion_options& options, conversion_shell& shell)
 {
     return conversion_run(options, shell).run(files);
 }

@@ -58,5 +58,4 @@ struct conversion_result {
 // Converts the presets in list order. Each preset is read, checked, asked about
 // and converted on its own; only the pack entries and the "All" answers carry
 // over from one preset to the next. Never throws for a bad preset.
-conversion_result run_conversion(const QStringList& files, const conversion_options& options,
-                                 conversion_shell& shell);
+conversion_result run_conversion(const QStringList& files, const conversion_options& options, conversion_shell& shell);

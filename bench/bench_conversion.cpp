@@ -44,8 +44,8 @@ const QStringList& readable_presets()
 
 void set_per_preset(benchmark::State& state, int presets)
 {
-    state.counters["per_preset"] = benchmark::Counter(
-        double(presets), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["per_preset"] = benchmark::Counter(double(presets), benchmark::Counter::kIsIterationInvariantRate |
+                                                                           benchmark::Counter::kInvert);
     state.SetItemsProcessed(state.iterations() * presets);
 }
 

@@ -73,8 +73,8 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     // Not addVersionOption: it would take -v, which is --verbose here.
     const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Print the version."));
 
-    parser.addOptions({output, colorspace, pack, category, white_balance, unsupported, calibration, to_stdout,
-                       inspect, verbose, quiet});
+    parser.addOptions({output, colorspace, pack, category, white_balance, unsupported, calibration, to_stdout, inspect,
+                       verbose, quiet});
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOption(version);
     parser.addPositionalArgument(QStringLiteral("PRESET|FOLDER"),
@@ -108,10 +108,9 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     if (!colour_spaces.contains(options.colour_space))
         return usage_error(QStringLiteral("Unknown colour space '%1' (raw, adobe, srgb, prophoto or widegamut).")
                                .arg(parser.value(colorspace)));
-    const std::pair<const QCommandLineOption*, question_answer*> answers[] = {
-        {&white_balance, &options.white_balance},
-        {&unsupported, &options.unsupported},
-        {&calibration, &options.calibration}};
+    const std::pair<const QCommandLineOption*, question_answer*> answers[] = {{&white_balance, &options.white_balance},
+                                                                              {&unsupported, &options.unsupported},
+                                                                              {&calibration, &options.calibration}};
     for (const auto& [option, answer] : answers) {
         const QString name = option->names().constFirst();
         if (!read_answer(parser, name, *answer))

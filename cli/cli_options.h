@@ -9,10 +9,13 @@ enum class verbosity { quiet, normal, verbose };
 
 // What the command line asks for, checked for consistency.
 struct cli_options {
-    QStringList inputs;                      // presets and folders, as given
-    QString output_folder = QStringLiteral("."); // separate styles
+    // Presets and folders, as given.
+    QStringList inputs;
+    // Target of separate styles.
+    QString output_folder = QStringLiteral(".");
     QString colour_space = QStringLiteral("raw");
-    QString pack_path;                       // empty: separate styles
+    // The style-pack archive; empty for separate styles.
+    QString pack_path;
     bool category = false;
     question_answer white_balance = question_answer::convert;
     question_answer unsupported = question_answer::convert;

@@ -118,8 +118,7 @@ void progress(int index, int count, const QString& file)
     QString name = QFileInfo(file).fileName();
     if (name.size() > progress_name_width)
         name = name.left(progress_name_width - 3) + QStringLiteral("...");
-    const QByteArray line =
-        QStringLiteral("\r\033[K[%1/%2] %3").arg(index + 1).arg(count).arg(name).toUtf8();
+    const QByteArray line = QStringLiteral("\r\033[K[%1/%2] %3").arg(index + 1).arg(count).arg(name).toUtf8();
     QMutexLocker lock(&output_mutex);
     std::fwrite(line.constData(), 1, size_t(line.size()), stderr);
     std::fflush(stderr);

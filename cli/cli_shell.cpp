@@ -6,8 +6,8 @@ cli_shell::cli_shell(const cli_options& options) : options_(options) {}
 
 question_answer cli_shell::ask(const conversion_question& question)
 {
-    cli_output::log_line(QtWarningMsg, question.file + QStringLiteral(": ") + question.title + QStringLiteral(": ")
-                                           + conversion_messages::plain_text(question.text));
+    cli_output::log_line(QtWarningMsg, question.file + QStringLiteral(": ") + question.title + QStringLiteral(": ") +
+                                           conversion_messages::plain_text(question.text));
     switch (question.kind) {
     case preset_question::white_balance:
         return options_.white_balance;
@@ -36,6 +36,6 @@ void cli_shell::progress(int index, int count, const QString& file)
 
 QString failure_line(const conversion_failure& failure)
 {
-    return failure.file + QStringLiteral(": ") + failure.title + QStringLiteral(": ")
-           + conversion_messages::plain_text(failure.text);
+    return failure.file + QStringLiteral(": ") + failure.title + QStringLiteral(": ") +
+           conversion_messages::plain_text(failure.text);
 }

@@ -24,8 +24,8 @@ const QString program_name = QStringLiteral("stylewright-cli");
 
 int usage_error(const QString& message)
 {
-    cli_output::raw_line(program_name + QStringLiteral(": ") + message + QStringLiteral(" Try '")
-                               + program_name + QStringLiteral(" --help'."));
+    cli_output::raw_line(program_name + QStringLiteral(": ") + message + QStringLiteral(" Try '") + program_name +
+                         QStringLiteral(" --help'."));
     return exit_usage;
 }
 
@@ -69,7 +69,7 @@ int convert(const cli_options& options, const QVector<input_file>& files)
     conversion_options conversion;
     // The run collects the styles for a pack in every format but "separate"; the
     // one style for standard output is collected the same way.
-    conversion.format = separate            ? QStringLiteral("separate")
+    conversion.format = separate           ? QStringLiteral("separate")
                         : options.category ? QStringLiteral("stylepack_category")
                                            : QStringLiteral("stylepack");
     conversion.colour_space = options.colour_space;
@@ -83,8 +83,8 @@ int convert(const cli_options& options, const QVector<input_file>& files)
             cli_output::write_stdout(result.pack_entries.first().toUtf8());
     } else if (!separate) {
         if (result.pack_entries.isEmpty()) {
-            cli_output::log_line(QtWarningMsg, QStringLiteral("No style was converted; %1 was not written.")
-                                                   .arg(options.pack_path));
+            cli_output::log_line(QtWarningMsg,
+                                 QStringLiteral("No style was converted; %1 was not written.").arg(options.pack_path));
         } else if (!write_stylepack(options.pack_path, result.pack_entries, options.category)) {
             cli_output::error_line(QStringLiteral("%1: The style pack could not be written.").arg(options.pack_path));
             // Styles that never reached the disk are not converted.
@@ -116,7 +116,8 @@ int main(int argc, char** argv)
         cli_output::write_stdout(parsed.text.toUtf8());
         return exit_success;
     case parse_outcome::version:
-        cli_output::write_stdout(QStringLiteral("Stylewright %1\n").arg(QCoreApplication::applicationVersion()).toUtf8());
+        cli_output::write_stdout(
+            QStringLiteral("Stylewright %1\n").arg(QCoreApplication::applicationVersion()).toUtf8());
         return exit_success;
     case parse_outcome::usage_error:
         return usage_error(parsed.text);

@@ -6,8 +6,8 @@
 
 // One file the command line names, directly or through a folder.
 struct input_file {
-    QString path;   // as given, or the folder as given followed by the path inside it
-    bool exists;    // false for an argument that names nothing on disk
+    QString path; // as given, or the folder as given followed by the path inside it
+    bool exists;  // false for an argument that names nothing on disk
 };
 
 // Turns the arguments into files, in argument order. A file stays as given

@@ -123,8 +123,8 @@ TEST_F(stylewright_cli_test, separate_styles_into_a_new_folder)
     xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), plain());
     write_file(QDir(work_.path()), QStringLiteral("b.lrtemplate"), lrtemplate_text(QStringLiteral("B"), plain()));
 
-    const cli_result result =
-        run({QStringLiteral("-o"), QStringLiteral("out/styles"), QStringLiteral("a.xmp"), QStringLiteral("b.lrtemplate")});
+    const cli_result result = run(
+        {QStringLiteral("-o"), QStringLiteral("out/styles"), QStringLiteral("a.xmp"), QStringLiteral("b.lrtemplate")});
 
     EXPECT_EQ(result.exit_code, 0) << result.err.constData();
     EXPECT_TRUE(result.out.isEmpty());
@@ -151,7 +151,8 @@ TEST_F(stylewright_cli_test, colour_space_changes_the_style)
         return style.mid(at, style.indexOf('/', at) - at);
     };
     const cli_result raw = run({QStringLiteral("--stdout"), QStringLiteral("a.xmp")});
-    const cli_result srgb = run({QStringLiteral("--stdout"), QStringLiteral("-c"), QStringLiteral("srgb"), QStringLiteral("a.xmp")});
+    const cli_result srgb =
+        run({QStringLiteral("--stdout"), QStringLiteral("-c"), QStringLiteral("srgb"), QStringLiteral("a.xmp")});
     ASSERT_EQ(raw.exit_code, 0);
     ASSERT_EQ(srgb.exit_code, 0);
     EXPECT_NE(colour_balance(raw.out), colour_balance(srgb.out));
@@ -173,8 +174,8 @@ TEST_F(stylewright_cli_test, stdout_prints_the_one_style)
 TEST_F(stylewright_cli_test, stdout_prints_nothing_for_a_skipped_preset)
 {
     xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), white_balance());
-    const cli_result result =
-        run({QStringLiteral("--stdout"), QStringLiteral("--white-balance"), QStringLiteral("skip"), QStringLiteral("a.xmp")});
+    const cli_result result = run({QStringLiteral("--stdout"), QStringLiteral("--white-balance"),
+                                   QStringLiteral("skip"), QStringLiteral("a.xmp")});
     EXPECT_EQ(result.exit_code, 0);
     EXPECT_TRUE(result.out.isEmpty());
     EXPECT_TRUE(result.err.endsWith("0 converted, 1 skipped, 0 failed\n"));
@@ -202,8 +203,8 @@ TEST_P(answer_option_test, skip_skips_and_convert_converts_with_one_warning_each
     EXPECT_EQ(skipped.exit_code, 0);
     const QStringList lines = skipped.error_lines();
     ASSERT_EQ(lines.size(), 2) << skipped.err.constData();
-    EXPECT_TRUE(lines[0].startsWith(QStringLiteral("Warning: flagged.xmp: ") + QLatin1String(GetParam().title)
-                                    + QStringLiteral(": ")))
+    EXPECT_TRUE(lines[0].startsWith(QStringLiteral("Warning: flagged.xmp: ") + QLatin1String(GetParam().title) +
+                                    QStringLiteral(": ")))
         << qPrintable(lines[0]);
     EXPECT_FALSE(lines[0].contains(QLatin1Char('<')));
     EXPECT_EQ(lines[1], QStringLiteral("0 converted, 1 skipped, 0 failed"));
@@ -313,7 +314,8 @@ QByteArray run_on_terminal(const QString& folder, const QString& arguments)
     const QString script = QStandardPaths::findExecutable(QStringLiteral("script"));
     QProcess process;
     process.setWorkingDirectory(folder);
-    process.start(script, {QStringLiteral("-qec"), QStringLiteral("'%1' %2").arg(QStringLiteral(STYLEWRIGHT_CLI_PATH), arguments),
+    process.start(script, {QStringLiteral("-qec"),
+                           QStringLiteral("'%1' %2").arg(QStringLiteral(STYLEWRIGHT_CLI_PATH), arguments),
                            QStringLiteral("/dev/null")});
     return process.waitForFinished(120000) ? process.readAllStandardOutput() : QByteArray();
 }
@@ -354,8 +356,8 @@ TEST_F(stylewright_cli_test, inspect_prints_the_preset_as_json)
     write_file(QDir(work_.path()), QStringLiteral("warm.xmp"), text);
     write_file(QDir(work_.path()), QStringLiteral("notes.txt"), "x");
 
-    const cli_result result =
-        run({QStringLiteral("--inspect"), QStringLiteral("warm.xmp"), QStringLiteral("notes.txt"), QStringLiteral("gone.xmp")});
+    const cli_result result = run({QStringLiteral("--inspect"), QStringLiteral("warm.xmp"), QStringLiteral("notes.txt"),
+                                   QStringLiteral("gone.xmp")});
 
     EXPECT_EQ(result.exit_code, 1);
     QJsonParseError error{};
@@ -388,8 +390,9 @@ TEST_F(stylewright_cli_test, inspect_prints_the_preset_as_json)
 
     const QJsonObject notes = presets[1].toObject();
     EXPECT_EQ(notes.keys(), (QStringList{QStringLiteral("error"), QStringLiteral("file")}));
-    EXPECT_EQ(notes[QStringLiteral("error")].toString(),
-              QStringLiteral("Unsupported preset format: Your preset notes.txt is in a format Stylewright can't convert."));
+    EXPECT_EQ(
+        notes[QStringLiteral("error")].toString(),
+        QStringLiteral("Unsupported preset format: Your preset notes.txt is in a format Stylewright can't convert."));
     EXPECT_EQ(presets[2][QStringLiteral("error")].toString(), QStringLiteral("No such file or folder."));
 
     // Nothing written, no summary, no questions.
@@ -406,16 +409,16 @@ TEST_F(stylewright_cli_test, pack_with_category_lists_entries_in_name_order_with
     xmp(QStringLiteral("Café.xmp"), QStringLiteral("C"), plain());
     xmp(QStringLiteral("b.xmp"), QStringLiteral("B"), plain());
 
-    const cli_result result = run({QStringLiteral("-p"), QStringLiteral("Sommer Töne.costylepack"),
-                                   QStringLiteral("--category"), QStringLiteral("Zürich.xmp"),
-                                   QStringLiteral("b.xmp"), QStringLiteral("Café.xmp")});
+    const cli_result result =
+        run({QStringLiteral("-p"), QStringLiteral("Sommer Töne.costylepack"), QStringLiteral("--category"),
+             QStringLiteral("Zürich.xmp"), QStringLiteral("b.xmp"), QStringLiteral("Café.xmp")});
 
     EXPECT_EQ(result.exit_code, 0) << result.err.constData();
     EXPECT_TRUE(result.err.endsWith("3 converted, 0 skipped, 0 failed\n"));
     const QString pack = work(QStringLiteral("Sommer Töne.costylepack"));
-    EXPECT_EQ(zip_reading::names(pack), (QStringList{QStringLiteral("Sommer Töne/Café.costyle"),
-                                                     QStringLiteral("Sommer Töne/Zürich.costyle"),
-                                                     QStringLiteral("Sommer Töne/b.costyle")}));
+    EXPECT_EQ(zip_reading::names(pack),
+              (QStringList{QStringLiteral("Sommer Töne/Café.costyle"), QStringLiteral("Sommer Töne/Zürich.costyle"),
+                           QStringLiteral("Sommer Töne/b.costyle")}));
     for (const quint16 flag : zip_reading::central_flags(read_file(pack)))
         EXPECT_TRUE(flag & zip_reading::utf8_name_flag);
 
@@ -437,8 +440,9 @@ TEST_F(stylewright_cli_test, pack_with_category_lists_entries_in_name_order_with
 TEST_F(stylewright_cli_test, pack_without_styles_is_not_written)
 {
     xmp(QStringLiteral("wb.xmp"), QStringLiteral("WB"), white_balance());
-    const cli_result result = run({QStringLiteral("-p"), QStringLiteral("x.costylepack"), QStringLiteral("--white-balance"),
-                                   QStringLiteral("skip"), QStringLiteral("wb.xmp")});
+    const cli_result result =
+        run({QStringLiteral("-p"), QStringLiteral("x.costylepack"), QStringLiteral("--white-balance"),
+             QStringLiteral("skip"), QStringLiteral("wb.xmp")});
     EXPECT_EQ(result.exit_code, 0);
     EXPECT_TRUE(result.err.contains("Warning: No style was converted; x.costylepack was not written.\n"));
     EXPECT_FALSE(QFile::exists(work(QStringLiteral("x.costylepack"))));
@@ -447,7 +451,8 @@ TEST_F(stylewright_cli_test, pack_without_styles_is_not_written)
 TEST_F(stylewright_cli_test, pack_in_a_missing_folder_fails)
 {
     xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), plain());
-    const cli_result result = run({QStringLiteral("-p"), QStringLiteral("nowhere/x.costylepack"), QStringLiteral("a.xmp")});
+    const cli_result result =
+        run({QStringLiteral("-p"), QStringLiteral("nowhere/x.costylepack"), QStringLiteral("a.xmp")});
     EXPECT_EQ(result.exit_code, 1);
     EXPECT_EQ(result.error_lines(),
               (QStringList{QStringLiteral("Warning: libzip zip_close error -1: Unknown error -1"),
@@ -458,9 +463,11 @@ TEST_F(stylewright_cli_test, pack_in_a_missing_folder_fails)
 TEST_F(stylewright_cli_test, pack_that_cannot_be_opened_fails)
 {
     xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), plain());
-    const cli_result result = run({QStringLiteral("-p"), QStringLiteral("a.xmp/x.costylepack"), QStringLiteral("a.xmp")});
+    const cli_result result =
+        run({QStringLiteral("-p"), QStringLiteral("a.xmp/x.costylepack"), QStringLiteral("a.xmp")});
     EXPECT_EQ(result.exit_code, 1);
-    EXPECT_EQ(result.error_lines().value(0), QStringLiteral("Warning: libzip zip_open error 5: Read error: Not a directory"));
+    EXPECT_EQ(result.error_lines().value(0),
+              QStringLiteral("Warning: libzip zip_open error 5: Read error: Not a directory"));
 }
 
 // Runs the converter under a file-size limit of 512 bytes, below a style's and a
@@ -471,8 +478,8 @@ int run_with_tiny_file_limit(const QString& folder, const QStringList& arguments
     shell.setWorkingDirectory(folder);
     shell.start(QStringLiteral("/bin/sh"),
                 QStringList{QStringLiteral("-c"), QStringLiteral("ulimit -f 1; trap '' XFSZ; exec \"$0\" \"$@\""),
-                            QStringLiteral(STYLEWRIGHT_CLI_PATH)}
-                    + arguments);
+                            QStringLiteral(STYLEWRIGHT_CLI_PATH)} +
+                    arguments);
     return shell.waitForFinished() ? shell.exitCode() : -1;
 }
 
@@ -493,9 +500,12 @@ TEST_F(stylewright_cli_test, existing_pack_survives_a_failed_write)
         presets.append(xmp(QStringLiteral("p%1.xmp").arg(i), QStringLiteral("P%1").arg(i), colourful()));
     write_file(QDir(work_.path()), QStringLiteral("x.costylepack"), "previous");
 
-    EXPECT_EQ(run_with_tiny_file_limit(work_.path(), QStringList{QStringLiteral("-p"), QStringLiteral("x.costylepack")} + presets), 1);
+    EXPECT_EQ(run_with_tiny_file_limit(work_.path(),
+                                       QStringList{QStringLiteral("-p"), QStringLiteral("x.costylepack")} + presets),
+              1);
     EXPECT_EQ(read_file(work(QStringLiteral("x.costylepack"))), QByteArray("previous"));
-    EXPECT_EQ(QDir(work_.path()).entryList({QStringLiteral("*.costylepack*"), QStringLiteral(".*")}, QDir::Files | QDir::Hidden),
+    EXPECT_EQ(QDir(work_.path())
+                  .entryList({QStringLiteral("*.costylepack*"), QStringLiteral(".*")}, QDir::Files | QDir::Hidden),
               QStringList{QStringLiteral("x.costylepack")});
 }
 
@@ -585,7 +595,8 @@ TEST_F(stylewright_cli_test, corpus_files_that_are_no_presets_are_reported)
     const QString corpus = test_support::corpus_dir();
     if (corpus.isEmpty())
         GTEST_SKIP() << "corpus folder absent";
-    const QString agtemplate = QDir(corpus).filePath(QStringLiteral("lrtemplate/fm-bw-old-1-lightroom-beta.agtemplate"));
+    const QString agtemplate =
+        QDir(corpus).filePath(QStringLiteral("lrtemplate/fm-bw-old-1-lightroom-beta.agtemplate"));
     const cli_result result = run({QStringLiteral("-o"), work(QStringLiteral("out")), agtemplate,
                                    QDir(corpus).filePath(QStringLiteral("MANIFEST.tsv"))});
     EXPECT_EQ(result.exit_code, 1);

@@ -16,15 +16,14 @@ inline QByteArray xmp_text(const QString& name, const QMap<QString, QString>& se
     QString attributes;
     for (auto it = settings.cbegin(); it != settings.cend(); ++it)
         attributes += QStringLiteral("\n    crs:%1=\"%2\"").arg(it.key(), it.value().toHtmlEscaped());
-    return QStringLiteral(
-               "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-               " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-               "  <rdf:Description rdf:about=\"\"\n"
-               "    xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"%1>\n"
-               "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">%2</rdf:li></rdf:Alt></crs:Name>\n"
-               "  </rdf:Description>\n"
-               " </rdf:RDF>\n"
-               "</x:xmpmeta>\n")
+    return QStringLiteral("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
+                          " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
+                          "  <rdf:Description rdf:about=\"\"\n"
+                          "    xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"%1>\n"
+                          "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">%2</rdf:li></rdf:Alt></crs:Name>\n"
+                          "  </rdf:Description>\n"
+                          " </rdf:RDF>\n"
+                          "</x:xmpmeta>\n")
         .arg(attributes, name.toHtmlEscaped())
         .toUtf8();
 }
@@ -65,17 +64,32 @@ inline QByteArray read_file(const QString& path)
 }
 
 // Settings that raise each flag of the compatibility check.
-inline QMap<QString, QString> white_balance() { return {{QStringLiteral("Temperature"), QStringLiteral("5000")}}; }
-inline QMap<QString, QString> dehaze() { return {{QStringLiteral("Dehaze"), QStringLiteral("12")}}; }
-inline QMap<QString, QString> lut() { return {{QStringLiteral("RGBTable"), QStringLiteral("ABC")}}; }
-inline QMap<QString, QString> calibration() { return {{QStringLiteral("RedHue"), QStringLiteral("10")}}; }
+inline QMap<QString, QString> white_balance()
+{
+    return {{QStringLiteral("Temperature"), QStringLiteral("5000")}};
+}
+inline QMap<QString, QString> dehaze()
+{
+    return {{QStringLiteral("Dehaze"), QStringLiteral("12")}};
+}
+inline QMap<QString, QString> lut()
+{
+    return {{QStringLiteral("RGBTable"), QStringLiteral("ABC")}};
+}
+inline QMap<QString, QString> calibration()
+{
+    return {{QStringLiteral("RedHue"), QStringLiteral("10")}};
+}
 // Per-hue adjustments make the longest styles (over a kilobyte).
 inline QMap<QString, QString> colourful()
 {
     return {{QStringLiteral("HueAdjustmentRed"), QStringLiteral("10")},
             {QStringLiteral("SaturationAdjustmentBlue"), QStringLiteral("-20")}};
 }
-inline QMap<QString, QString> plain() { return {{QStringLiteral("Exposure2012"), QStringLiteral("0.50")}}; }
+inline QMap<QString, QString> plain()
+{
+    return {{QStringLiteral("Exposure2012"), QStringLiteral("0.50")}};
+}
 
 inline QMap<QString, QString> merged(std::initializer_list<QMap<QString, QString>> parts)
 {

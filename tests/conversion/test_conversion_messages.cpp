@@ -51,12 +51,14 @@ TEST_P(plain_text_test, gives_one_line)
     EXPECT_EQ(plain_text(QString::fromUtf8(GetParam().rich)), QString::fromUtf8(GetParam().plain));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    markup, plain_text_test,
-    ::testing::Values(plain_case{"Your preset <font color=\"white\"><b>Warm</b></font> is odd.", "Your preset Warm is odd."},
-                      plain_case{"a.<br/><br/>b", "a. b"}, plain_case{"a<br>b<br/>c", "a b c"},
-                      plain_case{"list:<br/>- LUT<br/>- Dehaze<br/><br/>end", "list: - LUT - Dehaze end"},
-                      plain_case{"ends<br/><br/>", "ends"}, plain_case{"line\nbreak\r\nin error", "line break in error"},
-                      plain_case{"keeps a < b and <i>", "keeps a < b and <i>"}));
+INSTANTIATE_TEST_SUITE_P(markup, plain_text_test,
+                         ::testing::Values(plain_case{"Your preset <font color=\"white\"><b>Warm</b></font> is odd.",
+                                                      "Your preset Warm is odd."},
+                                           plain_case{"a.<br/><br/>b", "a. b"}, plain_case{"a<br>b<br/>c", "a b c"},
+                                           plain_case{"list:<br/>- LUT<br/>- Dehaze<br/><br/>end",
+                                                      "list: - LUT - Dehaze end"},
+                                           plain_case{"ends<br/><br/>", "ends"},
+                                           plain_case{"line\nbreak\r\nin error", "line break in error"},
+                                           plain_case{"keeps a < b and <i>", "keeps a < b and <i>"}));
 
 } // namespace

@@ -125,8 +125,8 @@ TEST_F(conversion_run_test, unknown_suffix_fails_with_exact_message_and_run_goes
     EXPECT_EQ(failure.kind, failure_kind::unsupported_format);
     EXPECT_EQ(failure.file, backup);
     EXPECT_EQ(failure.title, QStringLiteral("Unsupported preset format"));
-    EXPECT_EQ(failure.text, QStringLiteral("Your preset ") + wrapped(QStringLiteral("a.lrtemplate.bak"))
-                                + QStringLiteral(" is in a format Stylewright can't convert."));
+    EXPECT_EQ(failure.text, QStringLiteral("Your preset ") + wrapped(QStringLiteral("a.lrtemplate.bak")) +
+                                QStringLiteral(" is in a format Stylewright can't convert."));
     EXPECT_EQ(result.failed, 1);
     EXPECT_EQ(result.converted, 1);
     // The output folder is asked for by readable presets only.
@@ -147,11 +147,11 @@ TEST_F(conversion_run_test, reader_exception_fails_with_exact_message)
     EXPECT_EQ(failure.kind, failure_kind::unreadable_preset);
     EXPECT_EQ(failure.title, QStringLiteral("Can't read preset"));
     EXPECT_EQ(failure.text,
-              QStringLiteral("Your preset ") + wrapped(QStringLiteral("broken.lrtemplate"))
-                  + QStringLiteral(" can't be processed by Stylewright.<br/><br/>Please contact the Quillmark support "
-                                   "and send them a screenshot of this message and the preset file stated above to "
-                                   "support@quillmark.example<br/><br/>Error: Unexpected token type found. Expected "
-                                   "token_type::comma, got token_type::name"));
+              QStringLiteral("Your preset ") + wrapped(QStringLiteral("broken.lrtemplate")) +
+                  QStringLiteral(" can't be processed by Stylewright.<br/><br/>Please contact the Quillmark support "
+                                 "and send them a screenshot of this message and the preset file stated above to "
+                                 "support@quillmark.example<br/><br/>Error: Unexpected token type found. Expected "
+                                 "token_type::comma, got token_type::name"));
     EXPECT_EQ(result.failed, 1);
     EXPECT_EQ(result.converted, 1);
     EXPECT_FALSE(QFile::exists(output(QStringLiteral("broken.costyle"))));
@@ -169,14 +169,14 @@ TEST_F(conversion_run_test, questions_carry_exact_titles_texts_and_labels)
     EXPECT_EQ(wb.kind, preset_question::white_balance);
     EXPECT_EQ(wb.file, preset);
     EXPECT_EQ(wb.title, QStringLiteral("White balance modified by preset"));
-    EXPECT_EQ(wb.text,
-              QStringLiteral("Your preset ") + wrapped(QStringLiteral("Everything"))
-                  + QStringLiteral(
-                      " contains values for the white balance.<br/><br/>Equal white balance values can lead to "
-                      "different results in Capture One.<br/>Thus Stylewright translates the values instead of "
-                      "adapting them visually.<br/>Anyway we recommend to keep the white balance settings for "
-                      "neutralizing the image instead of using them for creating a look.<br/>For this reason they "
-                      "should not be inside a preset."));
+    EXPECT_EQ(
+        wb.text,
+        QStringLiteral("Your preset ") + wrapped(QStringLiteral("Everything")) +
+            QStringLiteral(" contains values for the white balance.<br/><br/>Equal white balance values can lead to "
+                           "different results in Capture One.<br/>Thus Stylewright translates the values instead of "
+                           "adapting them visually.<br/>Anyway we recommend to keep the white balance settings for "
+                           "neutralizing the image instead of using them for creating a look.<br/>For this reason they "
+                           "should not be inside a preset."));
     EXPECT_EQ(wb.labels.convert, QStringLiteral("Convert"));
     EXPECT_EQ(wb.labels.skip, QStringLiteral("Skip"));
     EXPECT_EQ(wb.labels.convert_all, QStringLiteral("Convert All"));
@@ -184,19 +184,19 @@ TEST_F(conversion_run_test, questions_carry_exact_titles_texts_and_labels)
 
     const conversion_question& unsupported = shell_.questions[1];
     EXPECT_EQ(unsupported.title, QStringLiteral("Unsupported parameters in preset"));
-    EXPECT_EQ(unsupported.text, QStringLiteral("Your selected preset ") + wrapped(QStringLiteral("Everything"))
-                                    + QStringLiteral(" contains the following parameters, which can't be mapped in "
-                                                     "Capture One:<br/>- LUT<br/>- Dehaze<br/><br/>These parameters "
-                                                     "will be ignored."));
+    EXPECT_EQ(unsupported.text, QStringLiteral("Your selected preset ") + wrapped(QStringLiteral("Everything")) +
+                                    QStringLiteral(" contains the following parameters, which can't be mapped in "
+                                                   "Capture One:<br/>- LUT<br/>- Dehaze<br/><br/>These parameters "
+                                                   "will be ignored."));
 
     const conversion_question& calibration_question = shell_.questions[2];
     EXPECT_EQ(calibration_question.title, QStringLiteral("Camera calibration modified by preset"));
     EXPECT_EQ(calibration_question.text,
-              QStringLiteral("The preset ") + wrapped(QStringLiteral("Everything"))
-                  + QStringLiteral(" contains values for the camera calibration.<br/>These settings may influence the "
-                                   "resulting look significantly but will not be converted to Capture One.<br/>We "
-                                   "recommend to reserve these parameters for the calibration of your camera and not "
-                                   "for creating creative looks."));
+              QStringLiteral("The preset ") + wrapped(QStringLiteral("Everything")) +
+                  QStringLiteral(" contains values for the camera calibration.<br/>These settings may influence the "
+                                 "resulting look significantly but will not be converted to Capture One.<br/>We "
+                                 "recommend to reserve these parameters for the calibration of your camera and not "
+                                 "for creating creative looks."));
 }
 
 TEST_F(conversion_run_test, dehaze_only_lists_exactly_one_line)
@@ -221,8 +221,8 @@ TEST_F(conversion_run_test, percent_two_in_a_name_is_not_expanded)
 TEST_F(conversion_run_test, skip_ends_the_preset_at_once)
 {
     shell_.answer = [](const conversion_question&) { return question_answer::skip; };
-    const QString preset = xmp(QStringLiteral("all.xmp"), QStringLiteral("All"),
-                               merged({white_balance(), dehaze(), calibration()}));
+    const QString preset =
+        xmp(QStringLiteral("all.xmp"), QStringLiteral("All"), merged({white_balance(), dehaze(), calibration()}));
 
     const conversion_result result = run({preset});
 
@@ -282,9 +282,9 @@ TEST_F(conversion_run_test, convert_all_leaves_the_other_questions)
         return question.kind == preset_question::white_balance ? question_answer::convert_all
                                                                : question_answer::convert;
     };
-    const conversion_result result = run(
-        {xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), white_balance()),
-         xmp(QStringLiteral("b.xmp"), QStringLiteral("B"), merged({white_balance(), dehaze(), calibration()}))});
+    const conversion_result result =
+        run({xmp(QStringLiteral("a.xmp"), QStringLiteral("A"), white_balance()),
+             xmp(QStringLiteral("b.xmp"), QStringLiteral("B"), merged({white_balance(), dehaze(), calibration()}))});
 
     EXPECT_EQ(kinds(shell_.questions),
               (std::vector<preset_question>{preset_question::white_balance, preset_question::unsupported_parameters,
@@ -322,12 +322,11 @@ TEST_F(conversion_run_test, same_base_name_replaces_separate_style)
 
 TEST_F(conversion_run_test, pack_collects_in_name_order_and_last_wins)
 {
-    const conversion_result result =
-        run({xmp(QStringLiteral("b.xmp"), QStringLiteral("B"), plain()),
-             xmp(QStringLiteral("a.xmp"), QStringLiteral("First A"), plain()),
-             write_file(QDir(input_.path()), QStringLiteral("a.lrtemplate"),
-                        lrtemplate_text(QStringLiteral("Second A"), plain()))},
-            QStringLiteral("stylepack_category"));
+    const conversion_result result = run({xmp(QStringLiteral("b.xmp"), QStringLiteral("B"), plain()),
+                                          xmp(QStringLiteral("a.xmp"), QStringLiteral("First A"), plain()),
+                                          write_file(QDir(input_.path()), QStringLiteral("a.lrtemplate"),
+                                                     lrtemplate_text(QStringLiteral("Second A"), plain()))},
+                                         QStringLiteral("stylepack_category"));
 
     EXPECT_EQ(result.pack_entries.keys(), (QStringList{QStringLiteral("a.costyle"), QStringLiteral("b.costyle")}));
     EXPECT_TRUE(result.pack_entries.value(QStringLiteral("a.costyle")).contains(QStringLiteral("V=\"Second A\"")));
@@ -357,8 +356,9 @@ TEST_F(conversion_run_test, target_that_is_a_folder_fails_and_is_left_alone)
     ASSERT_EQ(shell_.failures.size(), 1u);
     EXPECT_EQ(shell_.failures[0].kind, failure_kind::write_failed);
     EXPECT_EQ(shell_.failures[0].title, QStringLiteral("Can't write style"));
-    EXPECT_TRUE(shell_.failures[0].text.startsWith(QStringLiteral("The style ") + wrapped(output(QStringLiteral("a.costyle")))
-                                                   + QStringLiteral(" could not be written.<br/>")));
+    EXPECT_TRUE(shell_.failures[0].text.startsWith(QStringLiteral("The style ") +
+                                                   wrapped(output(QStringLiteral("a.costyle"))) +
+                                                   QStringLiteral(" could not be written.<br/>")));
     EXPECT_EQ(result.failed, 1);
     EXPECT_TRUE(QFileInfo(output(QStringLiteral("a.costyle"))).isDir());
 }
@@ -388,8 +388,7 @@ TEST_F(conversion_run_test, existing_style_survives_a_failed_write)
     EXPECT_TRUE(shell_.failures[0].text.endsWith(QStringLiteral("<br/>File too large")));
     EXPECT_EQ(read_file(output(QStringLiteral("a.costyle"))), previous);
     // No temporary file is left behind.
-    EXPECT_EQ(QDir(output_.path()).entryList(QDir::Files | QDir::Hidden),
-              QStringList{QStringLiteral("a.costyle")});
+    EXPECT_EQ(QDir(output_.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.costyle")});
 }
 
 TEST_F(conversion_run_test, unwritable_folder_keeps_existing_style)

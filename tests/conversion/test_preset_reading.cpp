@@ -24,14 +24,15 @@ TEST_P(preset_format_test, by_last_suffix_in_any_case)
     EXPECT_EQ(preset_format_of(QString::fromUtf8(GetParam().path)), GetParam().format);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    suffixes, preset_format_test,
-    ::testing::Values(suffix_case{"/x/a.lrtemplate", preset_format::lrtemplate},
-                      suffix_case{"/x/a.LRTemplate", preset_format::lrtemplate},
-                      suffix_case{"Preset.XMP", preset_format::xmp}, suffix_case{"My.Look.xmp", preset_format::xmp},
-                      suffix_case{"a.lrtemplate.bak", preset_format::unsupported},
-                      suffix_case{"a.agtemplate", preset_format::unsupported},
-                      suffix_case{"xmp", preset_format::unsupported}, suffix_case{"/x.xmp/a", preset_format::unsupported}));
+INSTANTIATE_TEST_SUITE_P(suffixes, preset_format_test,
+                         ::testing::Values(suffix_case{"/x/a.lrtemplate", preset_format::lrtemplate},
+                                           suffix_case{"/x/a.LRTemplate", preset_format::lrtemplate},
+                                           suffix_case{"Preset.XMP", preset_format::xmp},
+                                           suffix_case{"My.Look.xmp", preset_format::xmp},
+                                           suffix_case{"a.lrtemplate.bak", preset_format::unsupported},
+                                           suffix_case{"a.agtemplate", preset_format::unsupported},
+                                           suffix_case{"xmp", preset_format::unsupported},
+                                           suffix_case{"/x.xmp/a", preset_format::unsupported}));
 
 TEST(read_preset, dispatches_by_suffix)
 {
@@ -40,8 +41,9 @@ TEST(read_preset, dispatches_by_suffix)
     // The same XMP text under a template suffix would not be read as XMP.
     const QString xmp = preset_fixtures::write_file(QDir(dir.path()), QStringLiteral("a.Xmp"),
                                                     preset_fixtures::xmp_text(QStringLiteral("X"), settings));
-    const QString lrtemplate = preset_fixtures::write_file(
-        QDir(dir.path()), QStringLiteral("b.lrTemplate"), preset_fixtures::lrtemplate_text(QStringLiteral("T"), settings));
+    const QString lrtemplate =
+        preset_fixtures::write_file(QDir(dir.path()), QStringLiteral("b.lrTemplate"),
+                                    preset_fixtures::lrtemplate_text(QStringLiteral("T"), settings));
 
     lightroom_importer from_xmp;
     EXPECT_TRUE(read_preset(xmp, from_xmp));

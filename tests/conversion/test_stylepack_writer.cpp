@@ -14,7 +14,11 @@ namespace {
 // Collects the log lines written while it lives.
 class log_capture {
 public:
-    log_capture() { previous_ = qInstallMessageHandler(&log_capture::handle); lines().clear(); }
+    log_capture()
+    {
+        previous_ = qInstallMessageHandler(&log_capture::handle);
+        lines().clear();
+    }
     ~log_capture() { qInstallMessageHandler(previous_); }
     static QStringList& lines()
     {
@@ -60,8 +64,8 @@ TEST_F(stylepack_writer_test, category_folder_is_the_pack_base_name)
     ASSERT_TRUE(write_stylepack(pack, {{QStringLiteral("Warm.costyle"), QStringLiteral("<w/>")}}, true));
 
     EXPECT_EQ(zip_reading::names(pack), QStringList{QStringLiteral("Summer Looks/Warm.costyle")});
-    EXPECT_TRUE(log_capture::lines().contains(
-        QStringLiteral("debug: Key 0: 'Warm.costyle' -> 'Summer Looks/Warm.costyle'")));
+    EXPECT_TRUE(
+        log_capture::lines().contains(QStringLiteral("debug: Key 0: 'Warm.costyle' -> 'Summer Looks/Warm.costyle'")));
 }
 
 TEST_F(stylepack_writer_test, path_without_suffix_is_used_as_given)
@@ -95,8 +99,9 @@ TEST_F(stylepack_writer_test, names_are_utf8_and_flagged)
 TEST_F(stylepack_writer_test, existing_archive_is_replaced_wholly)
 {
     const QString pack = path(QStringLiteral("Looks.costylepack"));
-    ASSERT_TRUE(write_stylepack(pack, {{QStringLiteral("old.costyle"), QStringLiteral("<old/>")},
-                                       {QStringLiteral("a.costyle"), QStringLiteral("<old a/>")}},
+    ASSERT_TRUE(write_stylepack(pack,
+                                {{QStringLiteral("old.costyle"), QStringLiteral("<old/>")},
+                                 {QStringLiteral("a.costyle"), QStringLiteral("<old a/>")}},
                                 false));
     ASSERT_TRUE(write_stylepack(pack, {{QStringLiteral("a.costyle"), QStringLiteral("<a/>")}}, false));
 
@@ -173,7 +178,8 @@ TEST_F(stylepack_writer_test, failed_close_keeps_the_earlier_archive)
 
     EXPECT_FALSE(written);
     EXPECT_EQ(preset_fixtures::read_file(pack), before);
-    EXPECT_EQ(QDir(dir_.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("Looks.costylepack")});
+    EXPECT_EQ(QDir(dir_.path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList{QStringLiteral("Looks.costylepack")});
 }
 
 TEST_F(stylepack_writer_test, empty_map_writes_nothing)
