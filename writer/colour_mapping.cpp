@@ -331,6 +331,7 @@ void add_colour_keys(const preset_settings& settings, QSet<QString>& keys)
             keys.insert(*k);
     }
     keys.insert(key::vibrance);
+    // read_hsl_adjustments names its keys as prefix + capitalised colour.
     static const QString hsl_prefixes[] = {QStringLiteral("HueAdjustment"), QStringLiteral("SaturationAdjustment"),
                                            QStringLiteral("LuminanceAdjustment")};
     for (const hue_range& range : hue_ranges) {

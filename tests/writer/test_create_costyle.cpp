@@ -1,5 +1,7 @@
 #include "costyle_test_support.h"
 
+#include "writer/mapping_context.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSettings>
@@ -211,5 +213,30 @@ TEST(create_costyle, matches_the_golden_document_of_each_colour_space)
         ASSERT_EQ(actual.size(), expected.size());
         for (int i = 0; i < actual.size(); ++i)
             EXPECT_EQ(actual[i], expected[i]) << "line " << i + 1;
+    }
+}
+
+// Values at the edges of what a float holds must neither crash nor break
+// the document, whatever group reads them.
+TEST(create_costyle, survives_extreme_values_in_every_read_key)
+{
+    QSet<QString> keys;
+    const preset_settings none;
+    add_frame_keys(keys);
+    add_white_balance_tone_keys(none, mapping_flags{true, true}, keys);
+    add_black_and_white_keys(mapping_flags{true, true}, keys);
+    add_colour_keys(preset_settings{{QStringLiteral("SplitToningBalance"), QStringLiteral("0")}}, keys);
+    add_detail_and_effects_keys(keys);
+    for (const char* extreme : {"nan", "inf", "-inf", "1e30", "-1e30", "3e38", "1e-40"}) {
+        SCOPED_TRACE(extreme);
+        lightroom_importer preset;
+        for (const QString& key : keys)
+            preset.settings.insert(key, QString::fromLatin1(extreme));
+        preset.settings.insert(QStringLiteral("ConvertToGrayscale"), QStringLiteral("true"));
+        for (const char* colour_space : {"srgb", "raw"}) {
+            const parsed_style style = convert_to_style(preset, colour_space);
+            EXPECT_TRUE(style.error.isEmpty()) << style.error.toStdString();
+            EXPECT_TRUE(style.has("ColorBalanceShadow"));
+        }
     }
 }
