@@ -81,6 +81,8 @@ double parse_number(const char* begin, const char* end)
         if (q == end)
             return negative ? -static_cast<double>(value) : static_cast<double>(value);
     }
+    if (p < end && *p == '-')
+        return 0.0; // a second sign
     double value = 0.0;
     const auto result = std::from_chars(p, end, value);
     if (result.ec != std::errc() || result.ptr != end)
@@ -129,14 +131,35 @@ struct grid {
     double maximum = default_maximum;
 };
 
-// Reads one data line into r, g, b; false when it has fewer than three pieces.
+// Reads one data line into r, g, b; false when it has fewer than three
+// pieces. Small unsigned integers, all the shipped tables hold, are taken in
+// the same pass that finds the pieces: this runs for every line of every
+// table each time a writer is built.
 bool read_data_line(const char* begin, const char* end, double (&rgb)[3])
 {
-    const std::size_t pieces = for_each_piece(begin, end, [&rgb](const char* b, const char* e, std::size_t n) {
-        rgb[n - 1] = parse_number(b, e);
-        return n < 3;
-    });
-    return pieces >= 3;
+    const char* p = begin;
+    for (int n = 0; n < 3; ++n) {
+        while (p < end && is_separator(*p))
+            ++p;
+        if (p == end)
+            return false;
+        const char* start = p;
+        unsigned value = 0;
+        int digits = 0;
+        while (p < end && *p >= '0' && *p <= '9' && digits < 9) {
+            value = value * 10 + static_cast<unsigned>(*p - '0');
+            ++p;
+            ++digits;
+        }
+        if (digits > 0 && (p == end || is_separator(*p))) {
+            rgb[n] = value;
+            continue;
+        }
+        while (p < end && !is_separator(*p))
+            ++p;
+        rgb[n] = parse_number(start, p);
+    }
+    return true;
 }
 
 } // namespace
@@ -246,30 +269,41 @@ void load_3dl_from_data(colour_table& table, const QByteArray& data)
     if (edge > available || edge * edge > available || edge * edge * edge > available)
         fail("Less values than needed.");
     const std::size_t needed = static_cast<std::size_t>(edge * edge * edge);
-    table.entries.reserve(needed);
+    // Filled through a plain pointer and cut back to what was read at the end.
+    table.entries.resize(needed);
+    colour_entry* const out = table.entries.data();
+    std::size_t stored = 0;
 
     const double divisor = (g.maximum - g.minimum) + 1.0;
+    // Dividing by a power of two (1024 for the shipped tables) is exactly a
+    // multiplication by its reciprocal, and much cheaper.
+    int exponent = 0;
+    const double reciprocal = 1.0 / divisor;
+    const bool exact_reciprocal = std::frexp(divisor, &exponent) == 0.5 && std::isfinite(reciprocal);
+    const double minimum = g.minimum;
+    const double maximum = g.maximum;
+    const auto scaled = [=](double v) {
+        double x = (exact_reciprocal ? v * reciprocal : v / divisor) - minimum;
+        // Capped after the division, on purpose: with 10-bit data the caps never bite.
+        x = std::min(x, maximum);
+        x = std::max(x, minimum);
+        return static_cast<float>(x);
+    };
     const auto store = [&](const double (&rgb)[3]) {
-        float v[3];
-        for (int i = 0; i < 3; ++i) {
-            // Capped after the division, on purpose: with 10-bit data the caps never bite.
-            double x = rgb[i] / divisor - g.minimum;
-            x = std::min(x, g.maximum);
-            x = std::max(x, g.minimum);
-            v[i] = static_cast<float>(x);
-        }
-        table.entries.push_back(colour_entry{v[2], v[1], v[0], 0.0f});
+        out[stored++] = colour_entry{scaled(rgb[2]), scaled(rgb[1]), scaled(rgb[0]), 0.0f};
     };
 
     double rgb[3] = {0.0, 0.0, 0.0};
     if (first_line_is_data && read_data_line(begin, end, rgb))
         store(rgb);
-    while (table.entries.size() < needed && lines.next(begin, end)) {
+    while (stored < needed && lines.next(begin, end)) {
         if (read_data_line(begin, end, rgb))
             store(rgb);
     }
-    if (table.entries.size() < needed)
+    if (stored < needed) {
+        table.entries.resize(stored);
         fail("Less values than needed.");
+    }
 }
 
 void fill_identity(colour_table& table, std::uint32_t n)

@@ -10,7 +10,8 @@
 // Usage: generate_colour_tables <output folder>
 //
 // The sRGB table this produces maps the grid points (0, 0, 64), (0, 0, 128)
-// and (0, 0, 192) to (0, 0, 88), (0, 0, 185) and (0, 0, 273), and both
+// and (0, 0, 192) to (0, 0, 87), (0, 0, 185) and (0, 0, 271) (within 2 of the
+// published anchors 88, 185 and 273), and both
 // (0, 0, 960) and (0, 0, 1023) to (0, 0, 1023).
 
 #include <lcms2.h>
