@@ -8,12 +8,14 @@ namespace {
 // Keys that describe the preset file rather than a develop setting, so their
 // absence from a style is no loss: template bookkeeping (title, id, uuid,
 // internalName, type, version), the XMP preset's identity and version
-// (about, UUID, Version, ProcessVersion, PresetType, Cluster, Copyright,
+// (about, Name, UUID, Version, ProcessVersion, PresetType, Cluster, Copyright,
 // ContactInfo, CameraModelRestriction, HasSettings, AlreadyApplied,
 // RequiresRGBTables), its Supports* flags, and the names of the point curves
 // whose points are carried over separately (ToneCurveName, ToneCurveName2012).
 // ProcessVersion is among them because the writer recognises the process by
-// the tone keys a preset carries, not by the version number.
+// the tone keys a preset carries, not by the version number. Image metadata
+// of sidecar files (camera, lens, dates) is not filtered: such files are not
+// presets, and what they hold is listed as it is.
 const QSet<QString>& bookkeeping_keys()
 {
     static const QSet<QString> keys = {
@@ -24,6 +26,7 @@ const QSet<QString>& bookkeeping_keys()
         QStringLiteral("type"),
         QStringLiteral("version"),
         QStringLiteral("about"),
+        QStringLiteral("Name"),
         QStringLiteral("UUID"),
         QStringLiteral("Version"),
         QStringLiteral("ProcessVersion"),

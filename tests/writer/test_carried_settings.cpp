@@ -2,6 +2,8 @@
 
 #include "writer/carried_settings.h"
 
+#include "test_support.h"
+
 #include <gtest/gtest.h>
 
 using namespace writer_test;
@@ -30,6 +32,7 @@ TEST(not_carried_over, leaves_out_bookkeeping_keys)
                                                    {"type", "Develop"},
                                                    {"version", "0"},
                                                    {"about", ""},
+                                                   {"Name", "Warm"},
                                                    {"ProcessVersion", "11.0"},
                                                    {"PresetType", "Normal"},
                                                    {"SupportsMonochrome", "True"},
@@ -61,4 +64,22 @@ TEST(not_carried_over, follows_the_conditions_under_which_groups_read)
         SCOPED_TRACE(c.name);
         EXPECT_EQ(not_carried_over(preset_with(c.settings)), c.expected);
     }
+}
+
+TEST(not_carried_over, names_what_a_real_preset_loses)
+{
+    const QString corpus = test_support::corpus_dir();
+    if (corpus.isEmpty())
+        GTEST_SKIP() << "corpus folder absent";
+    lightroom_importer preset;
+    preset.read_lrpreset(corpus + QStringLiteral("/lrtemplate/d5-cooling-mode-hi-dehaze.lrtemplate"));
+    ASSERT_TRUE(preset.settings.contains(QStringLiteral("Exposure2012")));
+    const QStringList missing = not_carried_over(preset);
+    EXPECT_TRUE(missing.contains(QStringLiteral("Dehaze")));
+    EXPECT_TRUE(missing.contains(QStringLiteral("CameraProfile")));
+    for (const char* carried : {"Exposure2012", "Temperature", "Sharpness", "title", "ProcessVersion"})
+        EXPECT_FALSE(missing.contains(QLatin1String(carried))) << carried;
+    QStringList sorted = missing;
+    sorted.sort();
+    EXPECT_EQ(missing, sorted);
 }

@@ -2,11 +2,16 @@
 
 #include "writer/mapping_context.h"
 
+#include "test_support.h"
+
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QSettings>
 
 #include <gtest/gtest.h>
+
+#include <stdexcept>
 
 using namespace writer_test;
 
@@ -239,4 +244,40 @@ TEST(create_costyle, survives_extreme_values_in_every_read_key)
             EXPECT_TRUE(style.has("ColorBalanceShadow"));
         }
     }
+}
+
+// Every readable preset of the corpus converts into a well-formed style in
+// every colour space.
+TEST(create_costyle, converts_every_corpus_preset)
+{
+    const QString corpus = test_support::corpus_dir();
+    if (corpus.isEmpty())
+        GTEST_SKIP() << "corpus folder absent";
+    QDirIterator files(corpus, {QStringLiteral("*.lrtemplate"), QStringLiteral("*.xmp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    int converted = 0;
+    while (files.hasNext()) {
+        const QString path = files.next();
+        SCOPED_TRACE(path.toStdString());
+        lightroom_importer preset;
+        try {
+            if (path.endsWith(QLatin1String(".xmp")))
+                preset.read_xmp(path);
+            else
+                preset.read_lrpreset(path);
+        } catch (const std::runtime_error&) {
+            continue; // a reader's verdict, not the writer's business
+        }
+        for (const char* colour_space : {"adobe", "srgb", "prophoto", "widegamut", "raw"}) {
+            const parsed_style style = convert_to_style(preset, colour_space);
+            ASSERT_TRUE(style.error.isEmpty()) << colour_space << ": " << style.error.toStdString();
+            EXPECT_EQ(style.engine, "900");
+            EXPECT_TRUE(style.has("Name") && style.has("UUID") && style.has("ColorCorrections"));
+            for (auto entry = style.entries.cbegin(); entry != style.entries.cend(); ++entry)
+                EXPECT_FALSE(entry.value().contains(QLatin1String("nan")) || entry.value().contains(QLatin1String("inf")))
+                    << qPrintable(entry.key()) << " = " << qPrintable(entry.value());
+        }
+        ++converted;
+    }
+    EXPECT_GT(converted, 0);
 }
