@@ -1,0 +1,148 @@
+#include "importer/lightroom_importer.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QLatin1String>
+#include <QXmlStreamReader>
+
+namespace {
+
+// Longest text a single entity may expand into. Presets declare no entities
+// at all; the cap turns an exponential "billion laughs" declaration into a
+// well-formedness error after a few kilobytes instead of gigabytes.
+constexpr int max_entity_expansion = 4096;
+
+// The attributes and children of the one rdf:Description that holds the
+// develop settings; the reader stands on its start element.
+void read_description(lightroom_importer& record, QXmlStreamReader& reader)
+{
+    for (const QXmlStreamAttribute& attribute : reader.attributes()) {
+        const QString key = attribute.name().toString();
+        const QString value = attribute.value().toString();
+        record.settings.insert(key, value);
+        qDebug() << key << "->" << value;
+    }
+
+    while (reader.readNextStartElement()) {
+        const QStringRef element = reader.name();
+        if (element == QLatin1String("Name")) {
+            record.name = lightroom_importer::get_xmp_text(reader);
+            qDebug() << "Name ->" << record.name;
+        } else if (element == QLatin1String("Description")) {
+            record.description = lightroom_importer::get_xmp_text(reader);
+            qDebug() << "Description ->" << record.description;
+        } else if (element == QLatin1String("ToneCurvePV2012") || element == QLatin1String("ToneCurve")) {
+            record.tone_curve = lightroom_importer::get_curve(reader);
+            qDebug() << "ToneCurvePV2012 -> " << record.tone_curve;
+        } else if (element == QLatin1String("ToneCurvePV2012Red")) {
+            record.tone_curve_red = lightroom_importer::get_curve(reader);
+            qDebug() << "ToneCurvePV2012Red -> " << record.tone_curve_red;
+        } else if (element == QLatin1String("ToneCurvePV2012Green")) {
+            record.tone_curve_green = lightroom_importer::get_curve(reader);
+            qDebug() << "ToneCurvePV2012Green -> " << record.tone_curve_green;
+        } else if (element == QLatin1String("ToneCurvePV2012Blue")) {
+            record.tone_curve_blue = lightroom_importer::get_curve(reader);
+            qDebug() << "ToneCurvePV2012Blue -> " << record.tone_curve_blue;
+        } else {
+            qDebug() << "Skipping" << element;
+            reader.skipCurrentElement();
+        }
+    }
+}
+
+// Walks x:xmpmeta / rdf:RDF / rdf:Description. Returns false when the
+// document has the wrong shape (already reported); true otherwise, also
+// when the document simply ended or broke off.
+bool read_document(lightroom_importer& record, QXmlStreamReader& reader)
+{
+    if (!reader.readNextStartElement())
+        return true;
+    if (reader.name() != QLatin1String("xmpmeta")) {
+        qCritical("No xmpmeta element found at start of document");
+        return false;
+    }
+    if (!reader.readNextStartElement())
+        return true;
+    if (reader.name() != QLatin1String("RDF")) {
+        qCritical("No RDF element found at start of document");
+        return false;
+    }
+    if (!reader.readNextStartElement())
+        return true;
+    if (reader.name() != QLatin1String("Description")) {
+        qCritical("No Description element found at start of document");
+        return false;
+    }
+    read_description(record, reader);
+    return true;
+}
+
+} // namespace
+
+void lightroom_importer::read_xmp(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    read_xmp_data(file.readAll());
+}
+
+void lightroom_importer::read_xmp_data(const QByteArray& data)
+{
+    // Namespace processing stays on; only local names are compared, so any
+    // prefix (or none) is accepted.
+    QXmlStreamReader reader(data);
+    reader.setEntityExpansionLimit(max_entity_expansion);
+
+    if (!read_document(*this, reader))
+        return;
+    if (reader.hasError())
+        qWarning().noquote() << static_cast<int>(reader.error()) << reader.errorString();
+}
+
+QString lightroom_importer::get_xmp_text(QXmlStreamReader& reader)
+{
+    QString result;
+    while (reader.readNextStartElement()) {
+        if (reader.name() != QLatin1String("Alt")) {
+            reader.skipCurrentElement();
+            continue;
+        }
+        while (reader.readNextStartElement()) {
+            // The first non-empty entry wins, whatever its language.
+            if (reader.name() == QLatin1String("li") && result.isEmpty())
+                result = reader.readElementText(QXmlStreamReader::IncludeChildElements);
+            else
+                reader.skipCurrentElement();
+        }
+    }
+    return result;
+}
+
+QVector<QPoint> lightroom_importer::get_curve(QXmlStreamReader& reader)
+{
+    QVector<QPoint> points;
+    while (reader.readNextStartElement()) {
+        if (reader.name() != QLatin1String("Seq")) {
+            reader.skipCurrentElement();
+            continue;
+        }
+        while (reader.readNextStartElement()) {
+            if (reader.name() != QLatin1String("li")) {
+                reader.skipCurrentElement();
+                continue;
+            }
+            // "x, y": QString's integer conversion allows the space after
+            // the comma; a field that does not convert counts as 0.
+            const QString text = reader.readElementText(QXmlStreamReader::IncludeChildElements);
+            const int first_comma = text.indexOf(QLatin1Char(','));
+            const int second_comma = first_comma < 0 ? -1 : text.indexOf(QLatin1Char(','), first_comma + 1);
+            const int x = text.leftRef(first_comma).toInt(nullptr, 10);
+            const int y = first_comma < 0
+                ? 0
+                : text.midRef(first_comma + 1, second_comma < 0 ? -1 : second_comma - first_comma - 1).toInt(nullptr, 10);
+            points.append(QPoint(x, y));
+        }
+    }
+    return points;
+}
