@@ -75,7 +75,7 @@ echo "package: $(basename "$deb")"
     || fail "unexpected package file name $(basename "$deb")"
 
 echo "== control fields"
-dpkg-deb -I "$deb" | sed -n '/^ Package:/,$p'
+dpkg-deb -f "$deb"
 expect_field() {
     local actual
     actual="$(dpkg-deb -f "$deb" "$1")"
