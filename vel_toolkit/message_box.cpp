@@ -1,0 +1,111 @@
+#include "vel_toolkit/message_box.h"
+
+#include "vel_toolkit/dark_style.h"
+
+#include <QPushButton>
+
+namespace vel {
+
+message_box::message_box(Icon icon, const QString& title, const QString& text, StandardButtons buttons,
+                         QWidget* parent)
+    : QMessageBox(icon, title, QString(), buttons, parent)
+{
+    setTextFormat(Qt::RichText);
+    QString rich = text;
+    setText(rich.replace(QLatin1Char('\n'), QLatin1String("<br/>")));
+    setStyleSheet(dark_style::dialog_sheet() +
+                  QStringLiteral("QMessageBox{background-color:rgb(47,47,47);}"
+                                 "QMessageBox QLabel{color:rgb(198,213,210);}"));
+    translate_standard_buttons();
+}
+
+void message_box::translate_standard_buttons()
+{
+    // Our own wording for the standard buttons, so the boxes speak the
+    // program's language even where Qt's translations are not installed.
+    const QList<QPair<StandardButton, QString>> texts = {
+        {Ok, tr("OK")},   {Cancel, tr("Cancel")}, {Yes, tr("Yes")},
+        {No, tr("No")},   {Close, tr("Close")},   {Retry, tr("Retry")},
+        {Ignore, tr("Ignore")},
+    };
+    for (const auto& [which, label] : texts) {
+        if (QAbstractButton* button_of_box = button(which))
+            button_of_box->setText(label);
+    }
+}
+
+void message_box::add_closing_answer()
+{
+    // Closing the window or pressing Escape presses the box's escape button.
+    // A question has no Cancel among its answers, so an invisible one takes
+    // that part and the box tells a close apart from every answer.
+    addButton(Cancel)->hide();
+}
+
+QMessageBox::StandardButton message_box::ask()
+{
+    exec();
+    QAbstractButton* clicked = clickedButton();
+    if (!clicked)
+        return Cancel;
+    return standardButton(clicked);
+}
+
+QMessageBox::StandardButton message_box::show_box(Icon icon, QWidget* parent, const QString& title,
+                                                  const QString& text, StandardButtons buttons,
+                                                  StandardButton default_button)
+{
+    message_box box(icon, title, text, buttons, parent);
+    if (default_button != NoButton)
+        box.setDefaultButton(default_button);
+    return box.ask();
+}
+
+QMessageBox::StandardButton message_box::ask_question(QWidget* parent, const QString& title, const QString& text,
+                                                      const QList<QPair<StandardButton, QString>>& answers,
+                                                      StandardButton default_button)
+{
+    message_box box(Question, title, text, NoButton, parent);
+    for (const auto& [which, label] : answers)
+        box.addButton(which)->setText(label);
+    box.add_closing_answer();
+    box.setDefaultButton(default_button);
+    return box.ask();
+}
+
+QMessageBox::StandardButton message_box::information(QWidget* parent, const QString& title, const QString& text,
+                                                     StandardButtons buttons, StandardButton default_button)
+{
+    return show_box(Information, parent, title, text, buttons, default_button);
+}
+
+QMessageBox::StandardButton message_box::warning(QWidget* parent, const QString& title, const QString& text,
+                                                 StandardButtons buttons, StandardButton default_button)
+{
+    return show_box(Warning, parent, title, text, buttons, default_button);
+}
+
+QMessageBox::StandardButton message_box::critical(QWidget* parent, const QString& title, const QString& text,
+                                                  StandardButtons buttons, StandardButton default_button)
+{
+    return show_box(Critical, parent, title, text, buttons, default_button);
+}
+
+QMessageBox::StandardButton message_box::question(QWidget* parent, const QString& title, const QString& text,
+                                                  const QString& yes_text, const QString& no_text,
+                                                  StandardButton default_button)
+{
+    return ask_question(parent, title, text, {{Yes, yes_text}, {No, no_text}}, default_button);
+}
+
+QMessageBox::StandardButton message_box::question(QWidget* parent, const QString& title, const QString& text,
+                                                  const QString& yes_text, const QString& no_text,
+                                                  const QString& yes_to_all_text, const QString& no_to_all_text,
+                                                  StandardButton default_button)
+{
+    return ask_question(parent, title, text,
+                        {{Yes, yes_text}, {No, no_text}, {YesToAll, yes_to_all_text}, {NoToAll, no_to_all_text}},
+                        default_button);
+}
+
+} // namespace vel
