@@ -137,6 +137,9 @@ void MainWindow::setup_log_window()
 
 void MainWindow::show_log_window()
 {
+    // The window takes the focus when it opens, and the timer leaves a
+    // focused window alone: what is pending comes in now.
+    append_pending_log_text();
     log_window->show();
     log_window->raise();
     log_window->activateWindow();
@@ -148,6 +151,11 @@ void MainWindow::move_log_text_to_window()
     // user's selection: the text waits in the buffer until neither is so.
     if (!log_window->isVisible() || log_window->hasFocus())
         return;
+    append_pending_log_text();
+}
+
+void MainWindow::append_pending_log_text()
+{
     QString text;
     {
         const std::lock_guard<std::mutex> lock(vel::log_write_mutex());

@@ -41,6 +41,7 @@ private:
     void setup_top_bar(QGridLayout* grid);
     void show_log_window();
     void move_log_text_to_window();
+    void append_pending_log_text();
     QString output_folder() const;
 
     // Declared first: constructed before anything can log, destroyed last.

@@ -83,8 +83,13 @@ about_dialog::about_dialog(QWidget* parent, const QVector<library_info>& librari
     list->setTextFormat(Qt::RichText);
     list->setContentsMargins(0, 12, 0, 4);
 
+    // The text column takes what the library table needs beyond the icon.
+    grid->setColumnStretch(1, 1);
+
     auto* buttons = grid->cell(3, 0, new QDialogButtonBox(this), 1, 2);
     buttons->addButton(tr("Close"), QDialogButtonBox::AcceptRole)->setDefault(true);
+    for (QAbstractButton* button : buttons->buttons())
+        button->setStyleSheet(dark_style::text_button_sheet());
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
     setFixedSize(sizeHint());

@@ -1,15 +1,10 @@
 #pragma once
 
-#include <QColor>
 #include <QString>
 
 // Colours and style sheets of the toolkit's dark look, in one place so every
 // widget of it matches.
 namespace vel::dark_style {
-
-inline QColor window_background() { return QColor(47, 47, 47); }
-inline QColor text() { return QColor(198, 213, 210); }
-inline QColor accent() { return QColor(232, 164, 60); }
 
 // Fields and boxes: a shade darker than the window, a thin frame, a slight
 // rounding as on the buttons.
@@ -30,6 +25,7 @@ inline QString combo_box_sheet()
         "QComboBox:hover{border:1px solid rgb(99,99,99);}"
         "QComboBox::drop-down{subcontrol-origin:padding;subcontrol-position:center right;width:18px;"
         "border:none;}"
+        "QComboBox::down-arrow{image:url(:/images/arrow_down.png);width:9px;height:6px;}"
         "QComboBox QAbstractItemView{background-color:rgb(38,38,38);color:rgb(198,213,210);"
         "border:1px solid rgb(20,20,20);selection-background-color:rgb(82,82,82);"
         "selection-color:rgb(255,255,255);outline:0px;}");
@@ -66,11 +62,11 @@ inline QString text_button_sheet()
                                            "QPushButton:default{border:1px solid rgb(140,140,140);}");
 }
 
+// Dialog windows. Their buttons carry text_button_sheet() themselves.
 inline QString dialog_sheet()
 {
     return QStringLiteral("QDialog{background-color:rgb(47,47,47);}"
-                          "QDialog QLabel{color:rgb(198,213,210);}") +
-           text_button_sheet();
+                          "QDialog QLabel{color:rgb(198,213,210);}");
 }
 
 inline QString scroll_bar_sheet()

@@ -7,14 +7,17 @@
 namespace vel {
 namespace {
 
-// How far a highlighted icon moves towards white: enough to be seen at a
-// glance, little enough that multicolour icons keep their colours.
-constexpr int highlight_percent = 35;
+// A highlighted icon is this much brighter, plus a small lift so dark
+// parts brighten too: enough to be seen at a glance, while colours keep
+// their hue and saturation.
+constexpr int highlight_gain_percent = 135;
+constexpr int highlight_lift = 12;
 
 int lighten(int channel, int alpha)
 {
     // Premultiplied: white at this alpha is the alpha value itself.
-    return channel + (alpha - channel) * highlight_percent / 100;
+    const int lift = highlight_lift * alpha / 255;
+    return qMin(alpha, channel * highlight_gain_percent / 100 + lift);
 }
 
 } // namespace

@@ -20,8 +20,8 @@ QPixmap load_pixmap(const QString& path, qreal device_pixel_ratio);
 // Name of the double-resolution twin: "a/b.png" -> "a/b@2x.png".
 QString double_resolution_name(const QString& path);
 
-// A lighter copy of a picture for the pointer-over state: every colour moved
-// part of the way towards white, transparency kept.
+// A lighter copy of a picture for the pointer-over state: every colour
+// brightened, transparency kept.
 QImage highlighted(const QImage& image);
 
 } // namespace vel

@@ -24,9 +24,6 @@ QString settings_file()
     return QSettings().fileName();
 }
 
-// Widest a value may grow before it wraps: long paths and feature lists.
-constexpr int max_value_width = 460;
-
 } // namespace
 
 QVector<QPair<QString, QString>> information_box::rows()
@@ -78,8 +75,6 @@ information_box::information_box(QWidget* parent)
             field = new QLabel(value, this);
             field->setTextInteractionFlags(Qt::TextSelectableByMouse);
         }
-        field->setWordWrap(true);
-        field->setMaximumWidth(max_value_width);
         grid->cell(row, 1, field);
         ++row;
     }
@@ -88,6 +83,8 @@ information_box::information_box(QWidget* parent)
     QPushButton* copy = buttons->addButton(tr("Copy to Clipboard"), QDialogButtonBox::ActionRole);
     connect(copy, &QPushButton::clicked, this, [] { QApplication::clipboard()->setText(report_text()); });
     buttons->addButton(tr("Close"), QDialogButtonBox::AcceptRole)->setDefault(true);
+    for (QAbstractButton* button : buttons->buttons())
+        button->setStyleSheet(dark_style::text_button_sheet());
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     grid->setRowMinimumHeight(row, 40);
 

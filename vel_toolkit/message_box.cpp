@@ -13,9 +13,7 @@ message_box::message_box(Icon icon, const QString& title, const QString& text, S
     setTextFormat(Qt::RichText);
     QString rich = text;
     setText(rich.replace(QLatin1Char('\n'), QLatin1String("<br/>")));
-    setStyleSheet(dark_style::dialog_sheet() +
-                  QStringLiteral("QMessageBox{background-color:rgb(47,47,47);}"
-                                 "QMessageBox QLabel{color:rgb(198,213,210);}"));
+    setStyleSheet(dark_style::dialog_sheet());
     translate_standard_buttons();
 }
 
@@ -31,6 +29,19 @@ void message_box::translate_standard_buttons()
     for (const auto& [which, label] : texts) {
         if (QAbstractButton* button_of_box = button(which))
             button_of_box->setText(label);
+    }
+    style_buttons();
+}
+
+void message_box::style_buttons()
+{
+    for (QAbstractButton* each : buttons()) {
+        // On the button itself: a sheet inherited from a parent window would
+        // not reach buttons whose window brings a sheet of its own.
+        each->setStyleSheet(dark_style::text_button_sheet());
+        // Some platform styles put small pictograms on standard buttons; on
+        // the dark buttons they only clutter the labels.
+        each->setIcon(QIcon());
     }
 }
 
@@ -68,6 +79,7 @@ QMessageBox::StandardButton message_box::ask_question(QWidget* parent, const QSt
     message_box box(Question, title, text, NoButton, parent);
     for (const auto& [which, label] : answers)
         box.addButton(which)->setText(label);
+    box.style_buttons();
     box.add_closing_answer();
     box.setDefaultButton(default_button);
     return box.ask();

@@ -44,6 +44,7 @@ private:
                                        StandardButton default_button);
 
     void translate_standard_buttons();
+    void style_buttons();
     void add_closing_answer();
 };
 
