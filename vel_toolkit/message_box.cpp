@@ -22,9 +22,10 @@ void message_box::translate_standard_buttons()
     // Our own wording for the standard buttons, so the boxes speak the
     // program's language even where Qt's translations are not installed.
     const QList<QPair<StandardButton, QString>> texts = {
-        {Ok, tr("OK")},   {Cancel, tr("Cancel")}, {Yes, tr("Yes")},
-        {No, tr("No")},   {Close, tr("Close")},   {Retry, tr("Retry")},
-        {Ignore, tr("Ignore")},
+        {Ok, tr("OK")},
+        {Cancel, tr("Cancel")},
+        {Yes, tr("Yes")},
+        {No, tr("No")},
     };
     for (const auto& [which, label] : texts) {
         if (QAbstractButton* button_of_box = button(which))

@@ -11,7 +11,7 @@ foreach(pair "application;de.ts" "vel_toolkit;toolkit_de.ts")
     list(GET pair 1 ts)
     file(COPY "${SOURCE_DIR}/resources/translations/${ts}" DESTINATION "${WORK_DIR}")
     execute_process(
-        COMMAND "${LUPDATE}" -locations none "${SOURCE_DIR}/${folder}" -ts "${WORK_DIR}/${ts}"
+        COMMAND "${LUPDATE}" -locations none -I "${SOURCE_DIR}" "${SOURCE_DIR}/${folder}" -ts "${WORK_DIR}/${ts}"
         RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
     if(NOT result EQUAL 0)
         message(FATAL_ERROR "lupdate failed on ${folder}:\n${output}")
