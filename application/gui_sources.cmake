@@ -19,3 +19,5 @@ add_executable(stylewright ${CMAKE_CURRENT_LIST_DIR}/main.cpp)
 target_link_libraries(stylewright PRIVATE stylewright_window stylewright_gui_resources stylewright_core vel_toolkit)
 # A window program: no console window of its own on Windows.
 set_target_properties(stylewright PROPERTIES WIN32_EXECUTABLE ON)
+# Exported symbols give the crash handler's stack traces function names.
+set_target_properties(stylewright PROPERTIES ENABLE_EXPORTS ON)

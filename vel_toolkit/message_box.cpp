@@ -2,15 +2,92 @@
 
 #include "vel_toolkit/dark_style.h"
 
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPainter>
+#include <QPainterPath>
 #include <QPushButton>
 
 namespace vel {
+namespace {
+
+// The box's symbol in logical pixels.
+constexpr int symbol_size = 40;
+
+// The platform's message symbols are drawn for light windows and at one
+// resolution; these are drawn for the dark look at the screen's resolution.
+QPixmap symbol_for(QMessageBox::Icon icon)
+{
+    const qreal ratio = qApp->devicePixelRatio();
+    QPixmap pixmap(QSize(symbol_size, symbol_size) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF area(2, 2, symbol_size - 4, symbol_size - 4);
+    QColor face;
+    QString mark;
+    switch (icon) {
+    case QMessageBox::Question:
+        face = QColor(74, 143, 219);
+        mark = QStringLiteral("?");
+        break;
+    case QMessageBox::Information:
+        face = QColor(74, 143, 219);
+        mark = QStringLiteral("i");
+        break;
+    case QMessageBox::Warning:
+        face = QColor(232, 164, 60);
+        mark = QStringLiteral("!");
+        break;
+    case QMessageBox::Critical:
+        face = QColor(224, 87, 79);
+        mark = QStringLiteral("!");
+        break;
+    case QMessageBox::NoIcon:
+        return QPixmap();
+    }
+
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(face);
+    if (icon == QMessageBox::Warning) {
+        QPainterPath triangle;
+        triangle.moveTo(area.center().x(), area.top() + 1);
+        triangle.lineTo(area.right(), area.bottom() - 2);
+        triangle.lineTo(area.left(), area.bottom() - 2);
+        triangle.closeSubpath();
+        painter.setPen(QPen(face, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(triangle);
+    } else {
+        painter.drawEllipse(area);
+    }
+
+    QFont font = painter.font();
+    font.setBold(true);
+    font.setPixelSize(icon == QMessageBox::Warning ? 22 : 25);
+    painter.setFont(font);
+    painter.setPen(icon == QMessageBox::Warning ? QColor(40, 40, 40) : QColor(255, 255, 255));
+    const QRectF text_area = icon == QMessageBox::Warning ? area.adjusted(0, 8, 0, 0) : area;
+    painter.drawText(text_area, Qt::AlignCenter, mark);
+    return pixmap;
+}
+
+} // namespace
 
 message_box::message_box(Icon icon, const QString& title, const QString& text, StandardButtons buttons,
                          QWidget* parent)
     : QMessageBox(icon, title, QString(), buttons, parent)
 {
     setTextFormat(Qt::RichText);
+    if (icon != NoIcon) {
+        // Into the box's own symbol label, so icon() still tells the kind of
+        // box (for tests, accessibility and the platform's alert sound).
+        if (auto* symbol = findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label")))
+            symbol->setPixmap(symbol_for(icon));
+        else
+            setIconPixmap(symbol_for(icon));
+    }
     QString rich = text;
     setText(rich.replace(QLatin1Char('\n'), QLatin1String("<br/>")));
     setStyleSheet(dark_style::dialog_sheet());

@@ -134,6 +134,22 @@ int main(int argc, char** argv)
     save(&question, folder, QStringLiteral("question_") + language);
     question.hide();
 
+    vel::message_box warning(QMessageBox::Warning, QStringLiteral("Preset conversion failed"),
+                             QStringLiteral("The preset <font color=\"white\"><b>Broken.xmp</b></font> could not be "
+                                            "converted to Capture One format."),
+                             QMessageBox::Ok, &window);
+    warning.show();
+    save(&warning, folder, QStringLiteral("warning_") + language);
+    warning.hide();
+
+    vel::message_box critical(QMessageBox::Critical, QStringLiteral("Can't read preset"),
+                              QStringLiteral("Your preset <font color=\"white\"><b>Odd.lrtemplate</b></font> can't "
+                                             "be processed by Stylewright."),
+                              QMessageBox::Ok, &window);
+    critical.show();
+    save(&critical, folder, QStringLiteral("critical_") + language);
+    critical.hide();
+
     if (QScreen* screen = QApplication::primaryScreen())
         screen->grabWindow(0).save(folder + QStringLiteral("/screen_") + language + QStringLiteral(".png"));
     return 0;
