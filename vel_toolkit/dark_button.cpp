@@ -15,7 +15,7 @@ dark_button::dark_button(const QString& type, QWidget* parent)
 {
     setStyleSheet(type == header_type ? dark_style::header_button_sheet() : dark_style::button_sheet());
     setCursor(Qt::PointingHandCursor);
-    // Keyboard focus would draw a frame around the icon; the dark look has no focus frame.
+    // A click keeps the focus where it was; the keyboard can still reach the button.
     setFocusPolicy(Qt::TabFocus);
 }
 
