@@ -24,12 +24,6 @@ class about_dialog : public QDialog {
 
 public:
     explicit about_dialog(QWidget* parent = nullptr, const QVector<library_info>& libraries = default_libraries());
-
-    // The rich text of the library table, as shown.
-    QString libraries_text() const;
-
-private:
-    QString library_table;
 };
 
 } // namespace vel

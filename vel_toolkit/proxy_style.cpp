@@ -14,11 +14,6 @@ void proxy_style::set_tool_tip_wake_up_delay(int milliseconds)
     tool_tip_wake_up_delay = milliseconds;
 }
 
-void proxy_style::set_tool_tip_fall_asleep_delay(int milliseconds)
-{
-    tool_tip_fall_asleep_delay = milliseconds;
-}
-
 int proxy_style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                            QStyleHintReturn* return_data) const
 {

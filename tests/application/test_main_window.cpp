@@ -1,4 +1,5 @@
 #include "gui_test_main.h"
+#include "url_catcher.h"
 #include "modal_answer.h"
 
 #include "application/dialog_settings.h"
@@ -24,17 +25,6 @@
 
 #include <iostream>
 #include <memory>
-
-// Stands in for the system's browser.
-class url_catcher : public QObject {
-    Q_OBJECT
-
-public:
-    QList<QUrl> opened;
-
-public slots:
-    void open(const QUrl& url) { opened << url; }
-};
 
 class test_main_window : public QObject {
     Q_OBJECT
@@ -70,7 +60,7 @@ private:
 
     std::unique_ptr<MainWindow> window;
     QtMessageHandler test_framework_handler = nullptr;
-    url_catcher browser;
+    gui_test::url_catcher browser;
 };
 
 void test_main_window::initTestCase()

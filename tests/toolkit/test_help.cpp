@@ -1,4 +1,5 @@
 #include "gui_test_main.h"
+#include "url_catcher.h"
 
 #include "vel_toolkit/help.h"
 
@@ -11,17 +12,6 @@
 #include <QtTest>
 
 using vel::shortcut_key_names;
-
-// Stands in for the system's browser: remembers what it was asked to open.
-class url_catcher : public QObject {
-    Q_OBJECT
-
-public:
-    QList<QUrl> opened;
-
-public slots:
-    void open(const QUrl& url) { opened << url; }
-};
 
 class test_help : public QObject {
     Q_OBJECT
@@ -41,7 +31,7 @@ private:
     static QString read_file(const QString& name);
 
     QTemporaryDir pages;
-    url_catcher browser;
+    gui_test::url_catcher browser;
 };
 
 void test_help::initTestCase()

@@ -95,13 +95,13 @@ void test_information_box::about_box_lists_the_libraries_with_their_licences()
 
     vel::about_dialog about;
     QCOMPARE(about.windowTitle(), QStringLiteral("About Stylewright"));
-    for (const char* shown : {"GNU Lesser General Public License v3", "BSD 3-Clause License", "zlib License",
-                              "GNU General Public License v3 with font exception", zlibVersion()})
-        QVERIFY2(about.libraries_text().contains(QLatin1String(shown)), shown);
-    QStringList texts;
+    QString shown;
     for (const QLabel* label : about.findChildren<QLabel*>())
-        texts << label->text();
-    QVERIFY(texts.join(QLatin1Char(' ')).contains(QStringLiteral("support@quillmark.example")));
+        shown += label->text();
+    for (const char* text : {"GNU Lesser General Public License v3", "BSD 3-Clause License", "zlib License",
+                             "GNU General Public License v3 with font exception", zlibVersion(),
+                             "support@quillmark.example", "www.quillmark.example"})
+        QVERIFY2(shown.contains(QLatin1String(text)), text);
 }
 
 STYLEWRIGHT_GUI_TEST_MAIN(test_information_box)
