@@ -74,6 +74,21 @@ QString register_font(const QString& resource, const QString& fallback_family)
     return families.isEmpty() ? fallback_family : families.first();
 }
 
+struct font_families {
+    QString text;
+    QString bold;
+};
+
+// The embedded fonts, registered once per process.
+const font_families& embedded_fonts()
+{
+    static const font_families families{
+        register_font(QStringLiteral(":/images/FreeSans.ttf"), QStringLiteral("FreeSans")),
+        register_font(QStringLiteral(":/images/FreeSansBold.ttf"), QStringLiteral("FreeSansBold")),
+    };
+    return families;
+}
+
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
@@ -109,6 +124,7 @@ void MainWindow::setup_log_window()
     connect(log_shortcut, &QShortcut::activated, this, &MainWindow::show_log_window);
 
     log_window = std::make_unique<QTextEdit>();
+    // For reading and copying; typed text would mix with what was logged.
     log_window->setReadOnly(true);
     {
         const std::lock_guard<std::mutex> lock(vel::log_write_mutex());
@@ -137,7 +153,7 @@ void MainWindow::setup_log_window()
 
 void MainWindow::show_log_window()
 {
-    // The window takes the focus when it opens, and the timer leaves a
+    // The window may take the focus as it opens, and the timer leaves a
     // focused window alone: what is pending comes in now.
     append_pending_log_text();
     log_window->show();
@@ -173,13 +189,9 @@ void MainWindow::append_pending_log_text()
 
 void MainWindow::setup_fonts()
 {
-    const QString family = register_font(QStringLiteral(":/images/FreeSans.ttf"), QStringLiteral("FreeSans"));
-    const QString bold_family =
-        register_font(QStringLiteral(":/images/FreeSansBold.ttf"), QStringLiteral("FreeSansBold"));
-
-    text_font = QFont(family);
+    text_font = QFont(embedded_fonts().text);
     set_font_size(text_font, text_font_size);
-    bold_font = QFont(bold_family);
+    bold_font = QFont(embedded_fonts().bold);
     bold_font.setWeight(bold_font_weight);
     set_font_size(bold_font, bold_font_size);
     QApplication::setFont(text_font);
