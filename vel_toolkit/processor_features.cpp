@@ -16,7 +16,8 @@ QString processor_name()
     // The brand string fills leaves 0x80000002 to 0x80000004, 16 bytes each.
     constexpr unsigned int first_brand_leaf = 0x80000002;
     constexpr unsigned int last_brand_leaf = 0x80000004;
-    if (__get_cpuid_max(0x80000000, nullptr) >= last_brand_leaf) {
+    // GCC declares the result unsigned, Clang int.
+    if (static_cast<unsigned int>(__get_cpuid_max(0x80000000, nullptr)) >= last_brand_leaf) {
         char brand[49] = {};
         for (unsigned int leaf = first_brand_leaf; leaf <= last_brand_leaf; ++leaf) {
             unsigned int registers[4] = {};
