@@ -71,7 +71,8 @@ about_dialog::about_dialog(QWidget* parent, const QVector<library_info>& librari
             .arg(QCoreApplication::organizationName().toHtmlEscaped(), tr("Website"), domain, tr("Support"),
                  link_style));
 
-    QString library_table = QStringLiteral("<b>%1</b><table cellspacing=\"0\" cellpadding=\"2\">").arg(tr("Libraries used"));
+    QString library_table =
+        QStringLiteral("<b>%1</b><table cellspacing=\"0\" cellpadding=\"2\">").arg(tr("Libraries used"));
     for (const library_info& library : libraries) {
         library_table += QStringLiteral("<tr><td style=\"padding-right:12px;color:white\">%1</td>"
                                         "<td style=\"padding-right:12px\">%2</td><td>%3</td></tr>")

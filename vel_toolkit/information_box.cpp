@@ -38,7 +38,8 @@ QVector<QPair<QString, QString>> information_box::rows()
     result.append({tr("Operating system"), operating_system_description()});
     result.append({tr("Processor"), processor_name()});
     const QStringList features = processor_features();
-    result.append({tr("Processor features"), features.isEmpty() ? tr("none detected") : features.join(QLatin1Char(' '))});
+    result.append({tr("Processor features"),
+                   features.isEmpty() ? tr("none detected") : features.join(QLatin1Char(' '))});
     result.append({tr("Settings file"), settings_file()});
     return result;
 }

@@ -64,8 +64,9 @@ QStringList processor_features()
 void log_processor_features()
 {
     const QStringList features = processor_features();
-    qDebug().noquote() << "Processor" << processor_name() << "with"
-                       << (features.isEmpty() ? QStringLiteral("no known extensions") : features.join(QLatin1Char(' ')));
+    const QString extensions =
+        features.isEmpty() ? QStringLiteral("no known extensions") : features.join(QLatin1Char(' '));
+    qDebug().noquote() << "Processor" << processor_name() << "with" << extensions;
 }
 
 } // namespace vel

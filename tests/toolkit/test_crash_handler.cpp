@@ -37,7 +37,8 @@ void test_crash_handler::fatal_signal_prints_its_name_and_a_stack_trace_data()
     QTest::addColumn<QString>("how");
     QTest::addColumn<QString>("first_line");
     QTest::addColumn<QString>("headline");
-    QTest::newRow("segmentation fault") << "segfault" << "" << "Fatal signal SIGSEGV (segmentation fault), stack trace:";
+    QTest::newRow("segmentation fault")
+        << "segfault" << "" << "Fatal signal SIGSEGV (segmentation fault), stack trace:";
     // qFatal logs its line, then aborts.
     QTest::newRow("fatal message") << "fatal" << "Fatal: no way on" << "Fatal signal SIGABRT (abort), stack trace:";
 }

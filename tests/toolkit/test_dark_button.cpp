@@ -60,7 +60,8 @@ void test_dark_button::double_resolution_names()
 {
     QCOMPARE(vel::double_resolution_name(QStringLiteral(":/images/icon_open.png")),
              QStringLiteral(":/images/icon_open@2x.png"));
-    QCOMPARE(vel::double_resolution_name(QStringLiteral("/a.b/logo.small.png")), QStringLiteral("/a.b/logo.small@2x.png"));
+    QCOMPARE(vel::double_resolution_name(QStringLiteral("/a.b/logo.small.png")),
+             QStringLiteral("/a.b/logo.small@2x.png"));
     QCOMPARE(vel::double_resolution_name(QStringLiteral("noext")), QStringLiteral("noext@2x"));
 }
 
