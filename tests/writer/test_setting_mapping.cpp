@@ -1,12 +1,12 @@
 #include "writer/setting_mapping.h"
 
-#include "color/message_capture.h"
+#include "color/log_capture.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using test_support::message_capture;
+using test_support::log_capture;
 
 struct mapping_case {
     const char* value;
