@@ -1,31 +1,21 @@
 #pragma once
 
-// Helpers shared by the style writer's tests: one writer for the whole test
-// program, presets built from literal settings, a parsed style document and
-// a recorder of the log.
+// Helpers of the style writer's tests: one writer for the whole program,
+// presets from literal settings, documents read back into their entries, and
+// a check of expected entries for rows of settings.
 
+#include "color/log_capture.h"
 #include "importer/lightroom_importer.h"
 #include "writer/costyle_writer.h"
 
-#include <QMap>
 #include <QRegularExpression>
-#include <QString>
-#include <QStringList>
 #include <QXmlStreamReader>
-#include <QtGlobal>
-
-#include <ostream>
-#include <utility>
+#include <gtest/gtest.h>
 #include <vector>
-
-// Readable QString values in GoogleTest's failure messages.
-inline void PrintTo(const QString& text, std::ostream* os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
 
 namespace writer_test {
 
+using test_support::log_capture;
 using setting_list = std::vector<std::pair<const char*, const char*>>;
 
 // Building a writer loads three colour tables; the tests share one.
@@ -38,16 +28,15 @@ inline const costyle_writer& shared_writer()
 inline lightroom_importer preset_with(const setting_list& settings, const QString& name = QString())
 {
     lightroom_importer preset;
-    for (const auto& setting : settings)
-        preset.settings.insert(QString::fromUtf8(setting.first), QString::fromUtf8(setting.second));
+    for (const auto& [key, value] : settings)
+        preset.settings.insert(key, value);
     preset.name = name;
     return preset;
 }
 
-// A style document read back: the entries in document order and by key.
 struct parsed_style {
     QString engine;
-    QStringList keys;
+    QStringList keys; // in document order
     QMap<QString, QString> entries;
     QString error;
 
@@ -60,16 +49,14 @@ inline parsed_style parse_style(const QString& document)
     parsed_style style;
     QXmlStreamReader reader(document);
     if (reader.readNextStartElement() && reader.name() == QLatin1String("SL")) {
-        style.engine = reader.attributes().value(QLatin1String("Engine")).toString();
+        style.engine = reader.attributes().value("Engine").toString();
         while (reader.readNextStartElement()) {
-            const QString key = reader.attributes().value(QLatin1String("K")).toString();
-            style.keys.append(key);
-            style.entries.insert(key, reader.attributes().value(QLatin1String("V")).toString());
+            style.keys << reader.attributes().value("K").toString();
+            style.entries.insert(style.keys.last(), reader.attributes().value("V").toString());
             reader.skipCurrentElement();
         }
     }
-    if (reader.hasError())
-        style.error = reader.errorString();
+    style.error = reader.errorString();
     return style;
 }
 
@@ -80,7 +67,7 @@ inline QString convert(const lightroom_importer& preset, const QString& colour_s
     return out;
 }
 
-inline parsed_style convert_to_style(const lightroom_importer& preset, const QString& colour_space = QStringLiteral("adobe"))
+inline parsed_style convert_to_style(const lightroom_importer& preset, const QString& colour_space = "adobe")
 {
     return parse_style(convert(preset, colour_space));
 }
@@ -88,39 +75,31 @@ inline parsed_style convert_to_style(const lightroom_importer& preset, const QSt
 // The one random part of a document, replaced so documents can be compared.
 inline QString mask_uuid(QString document)
 {
-    static const QRegularExpression uuid(
-        QStringLiteral("[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}"));
-    return document.replace(uuid, QStringLiteral("UUID-MASKED"));
+    static const QRegularExpression uuid("[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}");
+    return document.replace(uuid, "UUID-MASKED");
 }
 
-// Records the log while it lives (one at a time).
-class message_log {
-public:
-    message_log() { previous_ = qInstallMessageHandler(&message_log::record); }
-    ~message_log()
-    {
-        qInstallMessageHandler(previous_);
-        lines().clear();
-    }
-    message_log(const message_log&) = delete;
-    message_log& operator=(const message_log&) = delete;
-
-    static QStringList& lines()
-    {
-        static QStringList recorded;
-        return recorded;
-    }
-    bool contains(const QString& text) const
-    {
-        for (const QString& line : lines())
-            if (line.contains(text))
-                return true;
-        return false;
-    }
-
-private:
-    static void record(QtMsgType, const QMessageLogContext&, const QString& message) { lines().append(message); }
-    QtMessageHandler previous_ = nullptr;
+// Settings converted in a colour space, and entries the style must hold
+// (a value of nullptr: the entry must be absent).
+struct mapping_case {
+    const char* name;
+    const char* colour_space;
+    setting_list settings;
+    setting_list expected;
 };
+
+inline void check_mapping(const std::vector<mapping_case>& cases)
+{
+    for (const mapping_case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const parsed_style style = convert_to_style(preset_with(c.settings), c.colour_space);
+        for (const auto& [key, value] : c.expected) {
+            if (value)
+                EXPECT_EQ(style.value(key), value) << key;
+            else
+                EXPECT_FALSE(style.has(key)) << key << " = " << style.value(key).toStdString();
+        }
+    }
+}
 
 } // namespace writer_test
