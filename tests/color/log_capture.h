@@ -1,78 +1,63 @@
 #pragma once
 
-// Shared by the core tests of color/, importer/ and writer/: a recorder of
-// Qt's log and readable QString values in failure messages.
+// Shared by the tests of color/, importer/ and writer/: readable QString
+// values in failure messages and a recorder of Qt's log.
 
-#include <QString>
 #include <QStringList>
-#include <QtGlobal>
 #include <ostream>
 #include <utility>
 #include <vector>
 
-inline void PrintTo(const QString& text, std::ostream* os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
+inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace test_support {
 
-// Records every log message while alive (one recorder at a time); the
-// previous handler comes back on destruction. Debug lines can be dropped for
-// tests that read large inputs.
+// Records the log while alive (one recorder at a time), debug lines only
+// when asked to: tests of large inputs drop them.
 class log_capture {
 public:
-    explicit log_capture(bool keep_debug = true)
+    explicit log_capture(bool keep_debug = true) : previous_(qInstallMessageHandler(&handle))
     {
-        keep_debug_flag() = keep_debug;
-        all().clear();
-        previous_ = qInstallMessageHandler(&log_capture::handle);
+        shared() = {{}, keep_debug};
     }
-    ~log_capture()
-    {
-        qInstallMessageHandler(previous_);
-        all().clear();
-    }
+    ~log_capture() { qInstallMessageHandler(previous_); }
     log_capture(const log_capture&) = delete;
     log_capture& operator=(const log_capture&) = delete;
 
     QStringList of(QtMsgType type) const
     {
         QStringList texts;
-        for (const auto& m : all())
-            if (m.first == type)
-                texts << m.second;
+        for (const auto& [t, text] : shared().messages)
+            if (t == type)
+                texts << text;
         return texts;
     }
     QStringList warnings() const { return of(QtWarningMsg); }
-    bool empty() const { return all().empty(); }
-    // True when any message contains the text.
-    bool contains(const QString& text) const
+    bool empty() const { return shared().messages.empty(); }
+    bool contains(const QString& part) const // in any message
     {
-        for (const auto& m : all())
-            if (m.second.contains(text))
+        for (const auto& m : shared().messages)
+            if (m.second.contains(part))
                 return true;
         return false;
     }
 
 private:
-    static std::vector<std::pair<QtMsgType, QString>>& all()
+    struct state {
+        std::vector<std::pair<QtMsgType, QString>> messages;
+        bool keep_debug = true;
+    };
+    static state& shared()
     {
-        static std::vector<std::pair<QtMsgType, QString>> messages;
-        return messages;
-    }
-    static bool& keep_debug_flag()
-    {
-        static bool keep = true;
-        return keep;
+        static state recorded;
+        return recorded;
     }
     static void handle(QtMsgType type, const QMessageLogContext&, const QString& text)
     {
-        if (type != QtDebugMsg || keep_debug_flag())
-            all().emplace_back(type, text);
+        if (type != QtDebugMsg || shared().keep_debug)
+            shared().messages.emplace_back(type, text);
     }
-
-    QtMessageHandler previous_ = nullptr;
+    const QtMessageHandler previous_;
 };
 
 } // namespace test_support

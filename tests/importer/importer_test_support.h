@@ -7,10 +7,9 @@
 #include "importer/lightroom_importer.h"
 
 #include <QFile>
-#include <QStringList>
 #include <QTemporaryDir>
-
-namespace importer_test {
+#include <gtest/gtest.h>
+#include <stdexcept>
 
 using test_support::log_capture;
 
@@ -35,18 +34,22 @@ inline QString describe(const lightroom_importer& record)
         {"name", record.name},                            {"description", record.description}};
     for (const auto& [label, text] : fields)
         if (!text.isEmpty())
-            parts << QString::fromLatin1(label) + ": " + text;
+            parts << label + (": " + text);
     return parts.join("; ");
 }
 
-// Writes the bytes into a fresh file of the folder and gives its path.
+// Writes the bytes into a file of the folder and gives its path.
 inline QString write_file(const QTemporaryDir& dir, const QByteArray& bytes, const QString& name = "preset")
 {
     QFile file(dir.filePath(name));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return QString();
-    file.write(bytes);
-    return file.fileName();
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? file.fileName() : QString();
 }
 
-} // namespace importer_test
+// Bytes of a fixed pseudo-random sequence.
+inline QByteArray random_bytes(int size, quint32 seed)
+{
+    QByteArray bytes(size, '\0');
+    for (char& b : bytes)
+        b = char((seed = seed * 1103515245u + 12345u) >> 24);
+    return bytes;
+}

@@ -1,11 +1,5 @@
 #include "importer_test_support.h"
 
-#include <gtest/gtest.h>
-
-using namespace importer_test;
-
-namespace {
-
 TEST(dot_notation_reader, cuts_each_line_into_key_and_value)
 {
     const std::pair<const char*, const char*> cases[] = {
@@ -47,5 +41,3 @@ TEST(dot_notation_reader, cuts_each_line_into_key_and_value)
     record.read_dot_notation_lrpreset(QStringLiteral("\ts.title = \"\u00c9t\u00e9\""));
     EXPECT_EQ(log.of(QtDebugMsg), QStringList{QStringLiteral("'title' -> '\"\u00c9t\u00e9\"'")});
 }
-
-} // namespace

@@ -1,31 +1,16 @@
 #include "importer_test_support.h"
 
 #include <QTextCodec>
-#include <gtest/gtest.h>
-#include <stdexcept>
 
-using namespace importer_test;
-
-namespace {
-
-const char* const warm = "s = {\n\ttitle = \"\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9\",\n"
+static const char* const warm = "s = {\n\ttitle = \"\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9\",\n"
                          "\tvalue = {\n\t\tsettings = {\n\t\t\tExposure2012 = +0.50,\n\t\t},\n\t},\n}\n";
-const char* const warm_record = "Exposure2012=+0.50; title=\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9; "
+static const char* const warm_record = "Exposure2012=+0.50; title=\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9; "
                                 "name: \xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9";
 
-QByteArray encoded(const char* codec, const QByteArray& bom)
+static QByteArray encoded(const char* codec, const QByteArray& bom)
 {
     QTextEncoder encoder(QTextCodec::codecForName(codec), QTextCodec::IgnoreHeader);
     return bom + encoder.fromUnicode(QString::fromUtf8(warm));
-}
-
-QByteArray random_bytes(int size)
-{
-    QByteArray bytes(size, '\0');
-    quint32 state = 12345;
-    for (char& b : bytes)
-        b = char((state = state * 1103515245u + 12345u) >> 24);
-    return bytes;
 }
 
 // Every kind of input, bad ones included: a record or a syntax error, never a crash or a hang.
@@ -52,7 +37,7 @@ TEST(read_lrpreset, reads_templates_of_any_encoding_and_refuses_broken_ones)
         {"empty file", "", {}, ""},
         {"invalid UTF-8 becomes replacement characters", "s = { title = \"a\xff\xc3(b\", }", {},
          "title=a\ufffd\ufffd(b; name: a\ufffd\ufffd(b"},
-        {"binary", random_bytes(4096), unexpected, ""},
+        {"binary", random_bytes(4096, 12345), unexpected, ""},
         {"UTF-16 without BOM", encoded("UTF-16LE", ""), unexpected, ""},
         {"unterminated string", "s = {\n\ttitle = \"Warm,\n\tversion = 0,\n}\n", unexpected + "name, got token_type::eof", ""},
         {"100 000 nested tables", QByteArray("t = {\n").repeated(100000) + "x = 1,\n" + QByteArray("},\n").repeated(100000),
@@ -104,5 +89,3 @@ TEST(read_lrpreset, reads_templates_of_tens_of_megabytes)
     big_dotted.read_lrpreset(write_file(dir, dotted));
     EXPECT_EQ(big_dotted.tone_curve.size(), points / 2);
 }
-
-} // namespace

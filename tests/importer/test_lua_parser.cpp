@@ -1,17 +1,15 @@
 #include "importer/lua_parser.h"
-
 #include "importer_test_support.h"
 
-#include <gtest/gtest.h>
-#include <stdexcept>
-
-using namespace importer_test;
-
-namespace {
+// `t = { t = { ... x = 1, }, }` with the given number of tables.
+static QString nested(int depth)
+{
+    return QStringLiteral("t = { ").repeated(depth) + "x = 1, " + QStringLiteral("}, ").repeated(depth);
+}
 
 TEST(lrparser, stores_every_scalar_flat_and_the_curves_apart)
 {
-    const std::pair<const char*, const char*> cases[] = {
+    const std::pair<QString, QString> cases[] = {
         {"", ""},
         {"\r\n\t ", ""},
         {"s = {\n\ttitle = \"Warm\",\n\tvalue = {\n\t\tsettings = {\n\t\t\tExposure2012 = 0.35,\n"
@@ -31,27 +29,23 @@ TEST(lrparser, stores_every_scalar_flat_and_the_curves_apart)
         {"s = { ToneCurve = { 0, 10, }, ToneCurvePV2012 = { 5, 6, 7, 8, }, }", "master: 5,6 7,8"},
         {"s = { Gradients = { { a = 1, Masks = { { b = 2, }, { c = { d = 3, }, }, }, }, { e = 4, }, }, f = 5, }",
          "f=5"}, // lists of tables are skipped at any depth
+        {"l = { " + QStringLiteral("{ ").repeated(100000) + QStringLiteral("} ").repeated(100000) + "}, x = 1", "x=1"},
         {"s = { a = 1, } ", "a=1"},                                  // no comma after the last top-level entry
         {"a = 1, b = 2", "a=1; b=2"},                                // bare top-level scalars
         {"s = { a = = , }", "a=="},                                  // a scalar of any kind
         {"s = { [\"com.adobe.a b\"] = 1, }", "[\"com.adobe.a b\"]=1"}, // a bracket key is one name
         {"s =\r\n{\r\n\r\nFillLight =\r\n0,\r\n}\r\n", "FillLight=0"},
+        {nested(1), "x=1"},
+        {nested(lrparser::max_table_depth), "x=1"},
     };
     for (const auto& [text, expected] : cases) {
-        SCOPED_TRACE(text);
         lightroom_importer record;
-        ASSERT_NO_THROW(record.read_regular_lrpreset(QString::fromUtf8(text)));
-        EXPECT_EQ(describe(record), expected); // the name is left to read_lrpreset
+        ASSERT_NO_THROW(record.read_regular_lrpreset(text)) << text.left(80).toStdString();
+        EXPECT_EQ(describe(record), expected) << text.left(80).toStdString(); // the name is left to read_lrpreset
     }
 }
 
-// `t = { t = { ... x = 1, }, }` with the given number of tables.
-QString nested(int depth)
-{
-    return QStringLiteral("t = { ").repeated(depth) + "x = 1, " + QStringLiteral("}, ").repeated(depth);
-}
-
-TEST(lrparser, syntax_errors_throw_the_message)
+TEST(lrparser, syntax_errors_throw_the_message_and_keep_what_came_before)
 {
     const QString unexpected = "Unexpected token type found. Expected token_type::%1, got token_type::%2";
     const QString too_deep = "Tables nested more than 200 levels deep";
@@ -75,20 +69,15 @@ TEST(lrparser, syntax_errors_throw_the_message)
         {nested(100000), too_deep},
     };
     for (const auto& [text, message] : cases) {
-        SCOPED_TRACE(text.left(60).toStdString());
         const log_capture log;
         lightroom_importer record;
         try {
             record.read_regular_lrpreset(text);
-            ADD_FAILURE() << "no exception";
+            ADD_FAILURE() << text.left(80).toStdString() << ": no exception";
         } catch (const std::runtime_error& e) {
-            EXPECT_EQ(QString::fromUtf8(e.what()), message);
+            EXPECT_EQ(e.what(), message) << text.left(80).toStdString();
         }
     }
-}
-
-TEST(lrparser, logs_the_tokens_around_an_error_and_keeps_what_came_before)
-{
     const log_capture log;
     lightroom_importer record;
     EXPECT_THROW(record.read_regular_lrpreset("s = { a = 1, ToneCurve = { 1, 2, }, b = 2 }"), std::runtime_error);
@@ -96,20 +85,3 @@ TEST(lrparser, logs_the_tokens_around_an_error_and_keeps_what_came_before)
     EXPECT_EQ(log.of(QtCriticalMsg), QStringList{"prev token: token_type::num (\"2\", 2) token: token_type::rbrace "
                                                  "(\"}\", 0) next token: token_type::eof (\"\", 0)"});
 }
-
-TEST(lrparser, reads_nesting_up_to_the_limit_and_lists_of_tables_of_any_depth)
-{
-    for (const int depth : {1, lrparser::max_table_depth}) {
-        lightroom_importer record;
-        ASSERT_NO_THROW(record.read_regular_lrpreset(nested(depth))) << depth;
-        EXPECT_EQ(describe(record), "x=1") << depth;
-    }
-    // `l = { { { ... } } }`: a list of tables is passed over by counting braces.
-    const int depth = 100000;
-    lightroom_importer record;
-    ASSERT_NO_THROW(record.read_regular_lrpreset("l = { " + QStringLiteral("{ ").repeated(depth)
-                                                 + QStringLiteral("} ").repeated(depth) + "}, x = 1"));
-    EXPECT_EQ(describe(record), "x=1");
-}
-
-} // namespace

@@ -1,14 +1,11 @@
-#include "importer/lua_tokenizer.h"
-
 #include "color/log_capture.h"
+#include "importer/lua_tokenizer.h"
 
 #include <QDebug>
 #include <gtest/gtest.h>
 
-namespace {
-
 // "str[Warm]", with "#number" when the number is not 0.
-QString token_text(const lrtoken& token)
+static QString token_text(const lrtoken& token)
 {
     QString text = lrtoken::token_type_to_name(token.type).mid(12) + '[' + token.text.toString() + ']';
     return token.number ? text + '#' + QString::number(token.number) : text;
@@ -80,5 +77,3 @@ TEST(lrtoken, prints_type_names_text_and_number)
     QDebug(&out) << tokens[0] << tokens[2] << tokens[3];
     EXPECT_EQ(out, "token_type::name (\"Exposure2012\", 0) token_type::num (\"+5\", 5) token_type::eof (\"\", 0) ");
 }
-
-} // namespace
