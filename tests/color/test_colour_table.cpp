@@ -7,12 +7,10 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-namespace {
-
 constexpr std::size_t cube = 17 * 17 * 17;
 constexpr float top = 1023.0f / 1024.0f; // 10-bit 1023 reads as 1023/1024, not 1
 
-QByteArray lines_of(std::size_t count, int v)
+static QByteArray lines_of(std::size_t count, int v)
 {
     return (QByteArray::number(v) + ' ' + QByteArray::number(v) + ' ' + QByteArray::number(v) + '\n')
         .repeated(static_cast<int>(count));
@@ -20,26 +18,23 @@ QByteArray lines_of(std::size_t count, int v)
 
 TEST(load_3dl, reads_tables_blue_first_with_10_bit_scaling_or_throws_the_reason)
 {
-    const QByteArray header = "# t\n3DMESH\nMesh 4 10\n0 64 128 192 256 320 384 448 512 576 640 704 768 832 896 960 1023\n";
+    const QByteArray header = "# t\n3DMESH\nMesh 4 10\n0 64 128 192 256 320 384 448 512 576 640 704 768 832 896 960 "
+                              "1023\n";
     const std::string too_few = "ERROR while loading 3DL LUT: Less values than needed.";
-    const struct {
-        const char* name;
-        QByteArray data;
-        std::string error;
-        std::uint32_t size = 0;
-        std::size_t index = 0; // of the entry checked
-        float r = 0, g = 0, b = 0;
-    } cases[] = {
+    // On success: the edge length, one entry (by index) and its red, green and blue.
+    const struct { const char* name; QByteArray data; std::string error; std::uint32_t size = 0; std::size_t index = 0;
+                   float r = 0, g = 0, b = 0; } cases[] = {
         {"full table", header + lines_of(cube - 1, 512) + "1023 1023 1023\n", "", 17, cube - 1, top, top, top},
         {"values are red green blue", "0 1023\n256 512 768\n" + lines_of(7, 0), "", 2, 0, 0.25f, 0.5f, 0.75f},
-        {"no grid line: 17 points", "3DMESH\n" + lines_of(cube - 1, 0) + "1023 512 0\n", "", 17, cube - 1, top, 0.5f, 0},
-        {"first data line without grid line", "1023 0 0\n" + lines_of(cube - 1, 0), "", 17, 0, top, 0, 0},
-        {"short lines skipped, extra ignored", "0 1023\n# c\n\n1 2\n" + lines_of(8, 256) + "x\n", "", 2, 0, .25f, .25f, .25f},
-        {"CRLF and byte order mark", "\xEF\xBB\xBF# t\r\n3DMESH\r\n0 1023\r\n" + lines_of(8, 512).replace("\n", "\r\n"), "",
-         2, 7, 0.5f, 0.5f, 0.5f},
-        {"single grid value", "# t\n17\n" + lines_of(cube, 0), "ERROR while loading 3DL LUT: Edge length is less than 2."},
-        {"one line short", header + lines_of(cube - 1, 0), too_few},
-        {"empty", "", too_few},
+        {"no grid line: 17 points", "3DMESH\n" + lines_of(cube - 1, 0) + "1023 512 0\n", "", 17, cube - 1, top, 0.5f},
+        {"first data line without grid line", "1023 0 0\n" + lines_of(cube - 1, 0), "", 17, 0, top},
+        {"short lines skipped, extra ignored", "0 1023\n# c\n\n1 2\n" + lines_of(8, 256) + "x\n", "", 2, 0, .25f, .25f,
+         .25f},
+        {"CRLF and byte order mark", "\xEF\xBB\xBF# t\r\n3DMESH\r\n0 1023\r\n" + lines_of(8, 512).replace("\n", "\r\n"),
+         "", 2, 7, 0.5f, 0.5f, 0.5f},
+        {"single grid value", "# t\n17\n" + lines_of(cube, 0),
+         "ERROR while loading 3DL LUT: Edge length is less than 2."},
+        {"one line short", header + lines_of(cube - 1, 0), too_few}, {"empty", "", too_few},
         {"header only", "# t\n3DMESH\nMesh 4 10\n", too_few},
         {"huge grid", "0 " + QByteArray("1 ").repeated(20000) + "\n" + lines_of(8, 0), too_few},
     };
@@ -86,9 +81,8 @@ TEST(colour_table, identity_cube_and_trilinear_lookup)
         for (int g = 3; g < 256; g += 41)
             for (int b = 7; b < 256; b += 29) {
                 const colour_entry e = table.lookup(r, g, b);
-                EXPECT_NEAR(std::abs(e.r - r / 255.0f) + std::abs(e.g - g / 255.0f) + std::abs(e.b - b / 255.0f), 0, 3e-5)
-                    << r << "," << g << "," << b;
-                EXPECT_FLOAT_EQ(e.a, 1.0f);
+                const float off = std::abs(e.r - r / 255.0f) + std::abs(e.g - g / 255.0f) + std::abs(e.b - b / 255.0f);
+                EXPECT_TRUE(off < 3e-5f && e.a == 1.0f) << r << "," << g << "," << b;
             }
     EXPECT_FLOAT_EQ(table.lookup(255, 255, 255).r, 1.0f);
     const colour_entry clamped = table.lookup(-20, 999, 128); // wild input is clamped
@@ -146,5 +140,3 @@ TEST(colour_table_resources, generator_reproduces_the_shipped_tables)
     }
 #endif
 }
-
-} // namespace

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 using triple = std::array<int, 3>;
 using u8 = unsigned char;
 using u16 = unsigned short;
@@ -39,10 +37,7 @@ TEST(hcl, rgb_to_hcl_covers_every_branch_in_8_and_16_bits)
 TEST(hcl, hcl_to_rgb_assigns_by_hue_caps_and_reduces_chroma)
 {
     enum { to_8, to_16, adapted };
-    const struct {
-        int kind;
-        triple hcl, rgb;
-    } cases[] = {
+    const struct { int kind; triple hcl, rgb; } cases[] = {
         {to_8, {0, 0, 50000}, {128, 128, 128}},          {to_8, {0, 100000, 50000}, {255, 0, 0}}, // 255 cap
         {to_8, {30000, 100000, 50000}, {255, 128, 0}},   {to_8, {60000, 100000, 50000}, {255, 255, 0}},
         {to_8, {90000, 100000, 50000}, {128, 255, 0}},   {to_8, {150000, 100000, 50000}, {0, 255, 128}},
@@ -104,5 +99,3 @@ TEST(hsv, rgb_to_hsv_and_pixel_hsv)
     }
     EXPECT_EQ((vel::pixel_hsv<std::array<u8, 4>>(120000, 100000, 100000)), (std::array<u8, 4>{0, 255, 0, 255}));
 }
-
-} // namespace

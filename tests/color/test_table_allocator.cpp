@@ -5,8 +5,6 @@
 #include <set>
 #include <vector>
 
-namespace {
-
 constexpr std::size_t cube_bytes = 17 * 17 * 17 * sizeof(colour_entry);
 
 TEST(table_allocator, reuses_freed_blocks_and_never_hands_one_out_twice)
@@ -27,5 +25,3 @@ TEST(table_allocator, reuses_freed_blocks_and_never_hands_one_out_twice)
             release_table_memory(block, cube_bytes);
     }
 }
-
-} // namespace

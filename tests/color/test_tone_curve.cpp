@@ -5,14 +5,12 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace {
-
 using test_support::log_capture;
 
 const curve_points identity_curve = {{0, 0}, {255, 255}};
 
 // The nine resampling positions with the given y (-1: y = x).
-curve_points nine_samples(int y = -1)
+static curve_points nine_samples(int y = -1)
 {
     curve_points points;
     for (int x : {0, 31, 63, 95, 127, 159, 191, 223, 255})
@@ -20,7 +18,7 @@ curve_points nine_samples(int y = -1)
     return points;
 }
 
-rgb_inverse_map identity_inverse_map()
+static rgb_inverse_map identity_inverse_map()
 {
     rgb_inverse_map map;
     for (int level = 0; level <= 255; ++level)
@@ -31,11 +29,7 @@ rgb_inverse_map identity_inverse_map()
 TEST(map_to_points, interpolates_inside_and_fails_outside_or_at_the_origin)
 {
     const point_table kelvin = {{800, -22}, {5000, 0}};
-    const struct {
-        point_table table;
-        float x, expected;
-        bool fails;
-    } cases[] = {
+    const struct { point_table table; float x, expected; bool fails; } cases[] = {
         {kelvin, 800, -22, false}, {kelvin, 2900, -11, false}, {kelvin, 5000, 0, false}, {kelvin, 799, 0, true},
         {kelvin, 5001, 0, true}, {{{0, 0}, {255, 255}}, 5, 0, true}, {{{-10, 5}, {0, 0}, {10, 5}}, 5, 0, true},
         {{{-0.0, -0.0}, {10, 10}}, 5, 0, true}, {{}, 1, 0, true}, {{{1, 1}}, 1, 0, true},
@@ -145,5 +139,3 @@ TEST(compensate_with_rgb_curve, moves_points_by_the_inverse_map_and_tidies_the_r
         EXPECT_TRUE(log.of(c.type).join('\n').contains(c.message)) << log.of(c.type).join('\n').toStdString();
     }
 }
-
-} // namespace

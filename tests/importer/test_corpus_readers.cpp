@@ -49,11 +49,13 @@ TEST(corpus, every_preset_is_read_and_hand_checked_values_match)
     const std::pair<const char*, std::vector<std::pair<const char*, const char*>>> files[] = {
         {"lrtemplate/d5-lilac-1-standard.lrtemplate", // nested, four curves, CRLF
          {{"name", "Lilac 1 Standard"}, {"Exposure2012", "1.3"}, {"uuid", "3F322E86-0B05-4A93-BCAE-25F0032A66C0"},
-          {"#ToneCurvePV2012", "0"}, {"master", "0,0 90,69 141,122 255,255"}, {"red", "0,0 41,25 118,124 185,195 255,255"},
-          {"green", "0,0 40,25 119,125 182,199 255,255"}, {"blue", "0,0 40,26 119,124 181,200 255,255"}}},
+          {"#ToneCurvePV2012", "0"}, {"master", "0,0 90,69 141,122 255,255"},
+          {"red", "0,0 41,25 118,124 185,195 255,255"}, {"green", "0,0 40,25 119,125 182,199 255,255"},
+          {"blue", "0,0 40,26 119,124 181,200 255,255"}}},
         {"lrtemplate/d5-voxcolor-068-oneline-nonascii.lrtemplate",
          {{"name", "068 \u25cf\u25cf\u25cf"}, {"HueAdjustmentPurple", "-6"},
-          {"master", "0,3 51,46 102,98 153,150 204,202 255,253"}, {"blue", "0,0 51,66 102,113 153,161 204,208 255,253"}}},
+          {"master", "0,3 51,46 102,98 153,150 204,202 255,253"},
+          {"blue", "0,0 51,66 102,113 153,161 204,208 255,253"}}},
         {"lrtemplate/d5-bw-dependable-partial-fractional-split.lrtemplate", // legacy curve, decimals
          {{"name", "BW Dependable"}, {"ParametricMidtoneSplit", "30.322580645161"}, {"ConvertToGrayscale", "true"},
           {"master", "0,0 32,16 64,50 128,128 192,202 255,255"}, {"red", ""}}},

@@ -4,7 +4,8 @@
 
 static const char* const warm = "s = {\n\ttitle = \"\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9\",\n"
                          "\tvalue = {\n\t\tsettings = {\n\t\t\tExposure2012 = +0.50,\n\t\t},\n\t},\n}\n";
-static const char* const warm_record = "Exposure2012=+0.50; title=\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9; "
+static const char* const warm_record = "Exposure2012=+0.50; "
+                                       "title=\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9; "
                                 "name: \xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9";
 
 static QByteArray encoded(const char* codec, const QByteArray& bom)
@@ -23,8 +24,7 @@ TEST(read_lrpreset, reads_templates_of_any_encoding_and_refuses_broken_ones)
         QString error; // the start of the message; empty: no error
         QString record; // when there is no error
     } cases[] = {
-        {"UTF-8", warm, {}, warm_record},
-        {"UTF-8 with BOM", "\xef\xbb\xbf" + QByteArray(warm), {}, warm_record},
+        {"UTF-8", warm, {}, warm_record}, {"UTF-8 with BOM", "\xef\xbb\xbf" + QByteArray(warm), {}, warm_record},
         {"UTF-16LE with BOM", encoded("UTF-16LE", "\xff\xfe"), {}, warm_record},
         {"UTF-16BE with BOM", encoded("UTF-16BE", "\xfe\xff"), {}, warm_record},
         {"UTF-32LE with BOM", encoded("UTF-32LE", QByteArray("\xff\xfe\x00\x00", 4)), {}, warm_record},
@@ -39,8 +39,10 @@ TEST(read_lrpreset, reads_templates_of_any_encoding_and_refuses_broken_ones)
          "title=a\ufffd\ufffd(b; name: a\ufffd\ufffd(b"},
         {"binary", random_bytes(4096, 12345), unexpected, ""},
         {"UTF-16 without BOM", encoded("UTF-16LE", ""), unexpected, ""},
-        {"unterminated string", "s = {\n\ttitle = \"Warm,\n\tversion = 0,\n}\n", unexpected + "name, got token_type::eof", ""},
-        {"100 000 nested tables", QByteArray("t = {\n").repeated(100000) + "x = 1,\n" + QByteArray("},\n").repeated(100000),
+        {"unterminated string", "s = {\n\ttitle = \"Warm,\n\tversion = 0,\n}\n",
+         unexpected + "name, got token_type::eof", ""},
+        {"100 000 nested tables",
+         QByteArray("t = {\n").repeated(100000) + "x = 1,\n" + QByteArray("},\n").repeated(100000),
          "Tables nested more than 200 levels deep", ""},
         {"megabytes of unterminated string", "s = { title = \"" + QByteArray(20 * 1000 * 1000, 'x'), unexpected, ""},
     };

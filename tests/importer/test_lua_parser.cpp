@@ -10,8 +10,7 @@ static QString nested(int depth)
 TEST(lrparser, stores_every_scalar_flat_and_the_curves_apart)
 {
     const std::pair<QString, QString> cases[] = {
-        {"", ""},
-        {"\r\n\t ", ""},
+        {"", ""}, {"\r\n\t ", ""},
         {"s = {\n\ttitle = \"Warm\",\n\tvalue = {\n\t\tsettings = {\n\t\t\tExposure2012 = 0.35,\n"
          "\t\t\tToneCurvePV2012 = {\n\t\t\t\t0,\n\t\t\t\t0,\n\t\t\t\t255,\n\t\t\t\t255,\n\t\t\t},\n\t\t},\n\t},\n"
          "\tversion = 0,\n}\n",
@@ -34,8 +33,7 @@ TEST(lrparser, stores_every_scalar_flat_and_the_curves_apart)
         {"a = 1, b = 2", "a=1; b=2"},                                // bare top-level scalars
         {"s = { a = = , }", "a=="},                                  // a scalar of any kind
         {"s = { [\"com.adobe.a b\"] = 1, }", "[\"com.adobe.a b\"]=1"}, // a bracket key is one name
-        {"s =\r\n{\r\n\r\nFillLight =\r\n0,\r\n}\r\n", "FillLight=0"},
-        {nested(1), "x=1"},
+        {"s =\r\n{\r\n\r\nFillLight =\r\n0,\r\n}\r\n", "FillLight=0"}, {nested(1), "x=1"},
         {nested(lrparser::max_table_depth), "x=1"},
     };
     for (const auto& [text, expected] : cases) {
@@ -59,14 +57,11 @@ TEST(lrparser, syntax_errors_throw_the_message_and_keep_what_came_before)
         {"s = { ToneCurvePV2012Alpha = { 0, 0, }, }", "Unsupported curve type: ToneCurvePV2012Alpha"},
         {"a=1", unexpected.arg("equals", "eof")},
         {"s = {\n a = 1,\n -- by Joe\n}", unexpected.arg("equals", "name")}, // Lua comment
-        {"s = { } return", unexpected.arg("comma", "name")},
-        {"s = { a = 1,", unexpected.arg("name", "eof")},
+        {"s = { } return", unexpected.arg("comma", "name")}, {"s = { a = 1,", unexpected.arg("name", "eof")},
         {"s = { title = \"abc, }", unexpected.arg("name", "eof")}, // unterminated string
-        {"s = { a =", unexpected.arg("name", "eof")},
-        {"{ a = 1, }", unexpected.arg("name", "lbrace")},
+        {"s = { a =", unexpected.arg("name", "eof")}, {"{ a = 1, }", unexpected.arg("name", "lbrace")},
         {"s = { l = { { a = 1, }, ", unexpected.arg("rbrace", "eof")},
-        {nested(lrparser::max_table_depth + 1), too_deep},
-        {nested(100000), too_deep},
+        {nested(lrparser::max_table_depth + 1), too_deep}, {nested(100000), too_deep},
     };
     for (const auto& [text, message] : cases) {
         const log_capture log;

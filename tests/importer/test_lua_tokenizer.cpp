@@ -1,7 +1,6 @@
 #include "color/log_capture.h"
 #include "importer/lua_tokenizer.h"
 
-#include <QDebug>
 #include <gtest/gtest.h>
 
 // "str[Warm]", with "#number" when the number is not 0.
@@ -33,13 +32,9 @@ TEST(lua_tokenizer, classifies_each_piece)
 TEST(lua_tokenizer, cuts_text_at_white_space_and_commas_outside_strings)
 {
     const std::pair<QString, const char*> cases[] = {
-        {"", ""},
-        {" \t\r\n\v\f", ""},
-        {"title = \"Warm\",", "name[title] equals[=] str[Warm] comma[,]"},
-        {"t = \"a, b  c\"", "name[t] equals[=] str[a, b  c]"},
-        {"a=1", "name[a=1]"},
-        {"{a,b}", "name[{a] comma[,] name[b}]"},
-        {",,", "comma[,] comma[,]"},
+        {"", ""}, {" \t\r\n\v\f", ""}, {"title = \"Warm\",", "name[title] equals[=] str[Warm] comma[,]"},
+        {"t = \"a, b  c\"", "name[t] equals[=] str[a, b  c]"}, {"a=1", "name[a=1]"},
+        {"{a,b}", "name[{a] comma[,] name[b}]"}, {",,", "comma[,] comma[,]"},
         {"a = 1,\r\nb = 2,\r\n", "name[a] equals[=] num[1]#1 comma[,] name[b] equals[=] num[2]#2 comma[,]"},
         {"a\u00a0=\u0085b\u2003c", "name[a] equals[=] name[b] name[c]"}, // unicode spaces separate
         {"n = \"say \\\"hi\\\" now\",", "name[n] equals[=] str[say \\\"hi\\\" now] comma[,]"}, // no escapes
@@ -62,7 +57,8 @@ TEST(lua_tokenizer, cuts_text_at_white_space_and_commas_outside_strings)
     EXPECT_EQ(tokenizer.next().type, token_type::eof);
 }
 
-TEST(lrtoken, prints_type_names_text_and_number)
+// The names the parser's messages use (its log shows the tokens printed).
+TEST(lrtoken, type_names)
 {
     QStringList names;
     for (int type = 0; type <= 9; ++type)
@@ -70,10 +66,4 @@ TEST(lrtoken, prints_type_names_text_and_number)
     EXPECT_EQ(names.join(' '), "token_type::name token_type::str token_type::boolean token_type::num "
                                "token_type::equals token_type::comma token_type::lbrace token_type::rbrace "
                                "token_type::eof <unknown>");
-
-    const QString text = QStringLiteral("Exposure2012 = +5");
-    const QVector<lrtoken> tokens = lua_tokenizer::tokenize(text);
-    QString out;
-    QDebug(&out) << tokens[0] << tokens[2] << tokens[3];
-    EXPECT_EQ(out, "token_type::name (\"Exposure2012\", 0) token_type::num (\"+5\", 5) token_type::eof (\"\", 0) ");
 }

@@ -6,7 +6,8 @@
 static QByteArray xmp(const QByteArray& attributes, const QByteArray& children, const QByteArray& prolog = {})
 {
     return (prolog.isEmpty() ? "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" : prolog)
-        + "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
+        + "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
+          " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
           "  <rdf:Description rdf:about=\"\" xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"\n   "
         + attributes + ">\n" + children + "  </rdf:Description>\n </rdf:RDF>\n</x:xmpmeta>\n";
 }
@@ -37,23 +38,21 @@ TEST(xmp_reader, reads_the_description_and_survives_odd_and_bad_documents)
     truncated.truncate(truncated.indexOf("</rdf:Description>"));
     QTextEncoder utf16(QTextCodec::codecForName("UTF-16LE"), QTextCodec::IgnoreHeader);
     const QByteArray utf16_document = "\xff\xfe" + utf16.fromUnicode(QString::fromUtf8(
-        xmp("crs:Exposure2012=\"1\"", alt("Name", "\xc3\x89t\xc3\xa9"), "<?xml version=\"1.0\" encoding=\"UTF-16\"?>")));
+        xmp("crs:Exposure2012=\"1\"", alt("Name", "\xc3\x89t\xc3\xa9"),
+            "<?xml version=\"1.0\" encoding=\"UTF-16\"?>")));
     QTemporaryDir dir;
     const QString secret = write_file(dir, "top secret", "secret.txt");
     const QString laughs = "3 Entity expands to more characters than the entity expansion limit.";
 
-    const struct {
-        const char* name;
-        QByteArray data;
-        QString record, problem = {};
-    } cases[] = {
+    const struct { const char* name; QByteArray data; QString record, problem = {}; } cases[] = {
         {"full description",
          xmp("crs:Exposure2012=\"+0.50\" crs:Temperature=\"5500\" crs:ToneCurvePV2012Red=\"attr\"",
              "<crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\"></rdf:li><rdf:li xml:lang=\"de\">Warm</rdf:li>"
              "<rdf:li xml:lang=\"en\">Later</rdf:li></rdf:Alt></crs:Name>\n" + alt("Description", "A <b>bold</b> look")
                  + alt("Group", "Skipped") + "<crs:Contrast2012>+10</crs:Contrast2012>\n"
                  + seq("ToneCurvePV2012", "<rdf:li>0, 0</rdf:li><rdf:li>64, 58</rdf:li><rdf:li>255, 255</rdf:li>")
-                 + seq("ToneCurvePV2012Red", "<rdf:li>0, 10</rdf:li>") + seq("ToneCurvePV2012Green", "<rdf:li>1, 2</rdf:li>")
+                 + seq("ToneCurvePV2012Red", "<rdf:li>0, 10</rdf:li>")
+                 + seq("ToneCurvePV2012Green", "<rdf:li>1, 2</rdf:li>")
                  + seq("ToneCurvePV2012Blue", "<rdf:li>3, 4</rdf:li>")),
          "Exposure2012=+0.50; Temperature=5500; ToneCurvePV2012Red=attr; about=; master: 0,0 64,58 255,255; "
          "red: 0,10; green: 1,2; blue: 3,4; name: Warm; description: A bold look"},
@@ -65,7 +64,8 @@ TEST(xmp_reader, reads_the_description_and_survives_odd_and_bad_documents)
          "<xmpmeta><a:RDF xmlns:a=\"urn:other\"><Description Exposure2012=\"1\" b:Tint=\"2\" xmlns:b=\"urn:b\">"
          "<b:Name><Alt><li>Plain</li></Alt></b:Name></Description></a:RDF></xmpmeta>",
          "Exposure2012=1; Tint=2; name: Plain"},
-        {"bare RDF root", "<rdf:RDF xmlns:rdf=\"r\"><rdf:Description crs:Exposure2012=\"1\" xmlns:crs=\"c\"/></rdf:RDF>",
+        {"bare RDF root",
+         "<rdf:RDF xmlns:rdf=\"r\"><rdf:Description crs:Exposure2012=\"1\" xmlns:crs=\"c\"/></rdf:RDF>",
          "", "No xmpmeta element found at start of document"},
         {"Description under xmpmeta", "<x:xmpmeta xmlns:x=\"x\"><Description Exposure2012=\"1\"/></x:xmpmeta>", "",
          "No RDF element found at start of document"},
@@ -79,8 +79,7 @@ TEST(xmp_reader, reads_the_description_and_survives_odd_and_bad_documents)
          xmp("crs:Tint=\"3\"", seq("ToneCurvePV2012Red", "<rdf:li>1, 1</rdf:li>") + "<crs:Name></crs:Nme>"
                                    + seq("ToneCurvePV2012Blue", "<rdf:li>2, 2</rdf:li>")),
          "Tint=3; about=; red: 1,1", "3 *"},
-        {"empty", "", "", "4 *"},
-        {"binary", random_bytes(4096, 777), "", "*"},
+        {"empty", "", "", "4 *"}, {"binary", random_bytes(4096, 777), "", "*"},
         {"UTF-16 with BOM", utf16_document, "Exposure2012=1; about=; name: \u00c9t\u00e9"},
         {"billion laughs in element text", xmp("crs:Tint=\"1\"", alt("Name", "&lol9;"), billion_laughs()),
          "Tint=1; about=", laughs},
@@ -108,7 +107,8 @@ TEST(xmp_reader, reads_the_description_and_survives_odd_and_bad_documents)
     EXPECT_EQ(describe(record), "");
     EXPECT_TRUE(log.empty());
     record.read_xmp_data(xmp("crs:Exposure2012=\"+0.50\"", alt("Group", "Skipped")));
-    EXPECT_EQ(log.of(QtDebugMsg), (QStringList{"\"about\" -> \"\"", "\"Exposure2012\" -> \"+0.50\"", "Skipping \"Group\""}));
+    EXPECT_EQ(log.of(QtDebugMsg),
+              (QStringList{"\"about\" -> \"\"", "\"Exposure2012\" -> \"+0.50\"", "Skipping \"Group\""}));
 }
 
 TEST(xmp_reader, large_attribute_and_deep_skipped_element)

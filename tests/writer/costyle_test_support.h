@@ -1,8 +1,7 @@
 #pragma once
 
 // Helpers of the style writer's tests: one writer for the whole program,
-// presets from literal settings, documents read back into their entries, and
-// a check of expected entries for rows of settings.
+// presets from literal settings, documents read back into their entries.
 
 #include "color/log_capture.h"
 #include "importer/lightroom_importer.h"
@@ -11,19 +10,9 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <gtest/gtest.h>
-#include <vector>
-
-namespace writer_test {
 
 using test_support::log_capture;
 using setting_list = std::vector<std::pair<const char*, const char*>>;
-
-// Building a writer loads three colour tables; the tests share one.
-inline const costyle_writer& shared_writer()
-{
-    static const costyle_writer writer;
-    return writer;
-}
 
 inline lightroom_importer preset_with(const setting_list& settings, const QString& name = QString())
 {
@@ -34,30 +23,11 @@ inline lightroom_importer preset_with(const setting_list& settings, const QStrin
     return preset;
 }
 
-struct parsed_style {
-    QString engine;
-    QStringList keys; // in document order
-    QMap<QString, QString> entries;
-    QString error;
-
-    bool has(const QString& key) const { return entries.contains(key); }
-    QString value(const QString& key) const { return entries.value(key); }
-};
-
-inline parsed_style parse_style(const QString& document)
+// Building a writer loads three colour tables; the tests share one.
+inline const costyle_writer& shared_writer()
 {
-    parsed_style style;
-    QXmlStreamReader reader(document);
-    if (reader.readNextStartElement() && reader.name() == QLatin1String("SL")) {
-        style.engine = reader.attributes().value("Engine").toString();
-        while (reader.readNextStartElement()) {
-            style.keys << reader.attributes().value("K").toString();
-            style.entries.insert(style.keys.last(), reader.attributes().value("V").toString());
-            reader.skipCurrentElement();
-        }
-    }
-    style.error = reader.errorString();
-    return style;
+    static const costyle_writer writer;
+    return writer;
 }
 
 inline QString convert(const lightroom_importer& preset, const QString& colour_space)
@@ -67,39 +37,48 @@ inline QString convert(const lightroom_importer& preset, const QString& colour_s
     return out;
 }
 
+// A style document read back: its entries in document order and by key.
+struct parsed_style {
+    QStringList keys;
+    QMap<QString, QString> entries;
+    QString error;
+    bool has(const QString& key) const { return entries.contains(key); }
+    QString value(const QString& key) const { return entries.value(key); }
+};
+
 inline parsed_style convert_to_style(const lightroom_importer& preset, const QString& colour_space = "adobe")
 {
-    return parse_style(convert(preset, colour_space));
+    parsed_style style;
+    QXmlStreamReader reader(convert(preset, colour_space));
+    if (reader.readNextStartElement() && reader.name() == QLatin1String("SL"))
+        for (; reader.readNextStartElement(); reader.skipCurrentElement()) {
+            style.keys << reader.attributes().value("K").toString();
+            style.entries.insert(style.keys.last(), reader.attributes().value("V").toString());
+        }
+    style.error = reader.errorString();
+    return style;
 }
 
 // The one random part of a document, replaced so documents can be compared.
 inline QString mask_uuid(QString document)
 {
-    static const QRegularExpression uuid("[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}");
-    return document.replace(uuid, "UUID-MASKED");
+    return document.replace(QRegularExpression("[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}"),
+                            "UUID-MASKED");
 }
 
-// Settings converted in a colour space, and entries the style must hold
-// (a value of nullptr: the entry must be absent).
+// Rows of settings converted in a colour space, with entries the style must
+// hold (a value of nullptr: the entry must be absent).
 struct mapping_case {
     const char* name;
     const char* colour_space;
-    setting_list settings;
-    setting_list expected;
+    setting_list settings, expected;
 };
 
 inline void check_mapping(const std::vector<mapping_case>& cases)
 {
     for (const mapping_case& c : cases) {
-        SCOPED_TRACE(c.name);
         const parsed_style style = convert_to_style(preset_with(c.settings), c.colour_space);
-        for (const auto& [key, value] : c.expected) {
-            if (value)
-                EXPECT_EQ(style.value(key), value) << key;
-            else
-                EXPECT_FALSE(style.has(key)) << key << " = " << style.value(key).toStdString();
-        }
+        for (const auto& [key, value] : c.expected)
+            EXPECT_EQ(style.has(key) ? style.value(key) : "absent", value ? value : "absent") << c.name << ": " << key;
     }
 }
-
-} // namespace writer_test

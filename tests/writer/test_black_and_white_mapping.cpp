@@ -1,16 +1,9 @@
 #include "costyle_test_support.h"
 
-using namespace writer_test;
-
-namespace {
-
 TEST(black_and_white_mapping, blends_orange_and_purple_into_their_neighbours)
 {
-    const struct {
-        const char* name;
-        setting_list mixer;
-        const char* expected; // red, yellow, green, cyan, blue, magenta
-    } cases[] = {
+    // Expected: red, yellow, green, cyan, blue, magenta.
+    const struct { const char* name; setting_list mixer; const char* expected; } cases[] = {
         {"no mixer keys", {}, "0.000000 0.000000 0.000000 0.000000 0.000000 0.000000"},
         {"orange halves into red and yellow", {{"GrayMixerOrange", "40"}},
          "20.000000 20.000000 0.000000 0.000000 0.000000 0.000000"},
@@ -42,10 +35,9 @@ TEST(black_and_white_mapping, runs_only_for_a_grayscale_preset)
     const std::pair<const char*, bool> flags[] = {{"true", true},  {"TRUE", true},   {"True", true},
                                                   {"1", false},    {"false", false}, {"yes", false}};
     for (const auto& [flag, grayscale] : flags) {
-        const parsed_style style = convert_to_style(preset_with({{"ConvertToGrayscale", flag}, {"GrayMixerRed", "40"}}));
+        const parsed_style style =
+            convert_to_style(preset_with({{"ConvertToGrayscale", flag}, {"GrayMixerRed", "40"}}));
         EXPECT_EQ(style.has("BwEnabled"), grayscale) << flag;
         EXPECT_EQ(style.has("BwRed"), grayscale) << flag;
     }
 }
-
-} // namespace

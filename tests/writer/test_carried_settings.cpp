@@ -2,18 +2,11 @@
 #include "test_support.h"
 #include "writer/carried_settings.h"
 
-using namespace writer_test;
-
-namespace {
-
 TEST(not_carried_over, lists_unread_develop_settings_in_key_order)
 {
-    const struct {
-        const char* name;
-        setting_list settings;
-        QStringList expected;
-    } cases[] = {
-        {"develop settings", {{"Texture", "20"}, {"Dehaze", "10"}, {"Exposure2012", "0.5"}, {"ColorGradeMidtoneHue", "30"},
+    const struct { const char* name; setting_list settings; QStringList expected; } cases[] = {
+        {"develop settings",
+         {{"Texture", "20"}, {"Dehaze", "10"}, {"Exposure2012", "0.5"}, {"ColorGradeMidtoneHue", "30"},
                               {"CameraProfile", "Adobe Standard"}, {"Vibrance", "10"}, {"HueAdjustmentMagenta", "5"},
                               {"GrainFrequency", "50"}, {"GrainSize", "20"}},
          {"CameraProfile", "ColorGradeMidtoneHue", "Dehaze", "GrainFrequency", "Texture"}},
@@ -48,5 +41,3 @@ TEST(not_carried_over, lists_unread_develop_settings_in_key_order)
         EXPECT_FALSE(missing.contains(carried)) << carried;
     }
 }
-
-} // namespace

@@ -6,31 +6,21 @@
 // The flags of costyle_writer::check_costyle, through the free function it
 // forwards to (the member would need a writer and its colour tables).
 
-namespace {
-
 TEST(check_preset_flags, raises_the_flags_by_presence_or_nonzero_value)
 {
-    const struct {
-        const char* name;
-        QMap<QString, QString> settings;
-        const char* flags; // white balance, dehaze, lut, camera calibration
-    } cases[] = {
-        {"empty record", {}, "0000"},
-        {"Temperature", {{"Temperature", "5500"}}, "1000"},
+    // Flags: white balance, dehaze, lut, camera calibration.
+    const struct { const char* name; QMap<QString, QString> settings; const char* flags; } cases[] = {
+        {"empty record", {}, "0000"}, {"Temperature", {{"Temperature", "5500"}}, "1000"},
         {"Tint of zero still counts", {{"Tint", "0"}}, "1000"},
         {"IncrementalTint", {{"IncrementalTint", "+3"}}, "1000"},
         {"empty IncrementalTemperature", {{"IncrementalTemperature", ""}}, "1000"},
         {"WhiteBalance alone does not", {{"WhiteBalance", "Custom"}}, "0000"},
         {"keys are case-sensitive", {{"temperature", "5500"}, {"dehaze", "5"}, {"rgbtable", "x"}}, "0000"},
-        {"Dehaze -12", {{"Dehaze", "-12"}}, "0100"},
-        {"Dehaze +0.50", {{"Dehaze", "+0.50"}}, "0100"},
-        {"Dehaze 0.0", {{"Dehaze", "0.0"}}, "0000"},
-        {"Dehaze -0", {{"Dehaze", "-0"}}, "0000"},
+        {"Dehaze -12", {{"Dehaze", "-12"}}, "0100"}, {"Dehaze +0.50", {{"Dehaze", "+0.50"}}, "0100"},
+        {"Dehaze 0.0", {{"Dehaze", "0.0"}}, "0000"}, {"Dehaze -0", {{"Dehaze", "-0"}}, "0000"},
         {"Dehaze quoted by the dotted reader", {{"Dehaze", "\"5\""}}, "0000"},
-        {"Dehaze not a number", {{"Dehaze", "high"}}, "0000"},
-        {"Dehaze nan", {{"Dehaze", "nan"}}, "0100"},
-        {"RGBTable with empty value", {{"RGBTable", ""}}, "0010"},
-        {"ShadowTint", {{"ShadowTint", "3"}}, "0001"},
+        {"Dehaze not a number", {{"Dehaze", "high"}}, "0000"}, {"Dehaze nan", {{"Dehaze", "nan"}}, "0100"},
+        {"RGBTable with empty value", {{"RGBTable", ""}}, "0010"}, {"ShadowTint", {{"ShadowTint", "3"}}, "0001"},
         {"BlueSaturation, the last key", {{"RedHue", "0"}, {"BlueSaturation", "-1"}}, "0001"},
         {"calibration values of zero", {{"RedHue", "0"}, {"GreenHue", "0.0"}, {"BlueHue", "-0"}}, "0000"},
         {"calibration quoted by the dotted reader", {{"RedSaturation", "\"5\""}}, "0000"},
@@ -49,5 +39,3 @@ TEST(check_preset_flags, raises_the_flags_by_presence_or_nonzero_value)
     check_preset_flags(f[0], f[1], f[2], f[3], lightroom_importer());
     EXPECT_TRUE(!f[0] && !f[1] && !f[2] && f[3]);
 }
-
-} // namespace

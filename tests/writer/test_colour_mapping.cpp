@@ -1,13 +1,9 @@
 #include "costyle_test_support.h"
 
-using namespace writer_test;
-
-namespace {
-
 const QString fixed_entry =
     "1,1,2,2.36563158035278,-15.9744558334351,0,174,139,97,0,25,-42.1264381408691,25.6254768371582,25,0,0,0,0";
 
-QStringList corrections(const setting_list& settings)
+static QStringList corrections(const setting_list& settings)
 {
     return convert_to_style(preset_with(settings)).value("ColorCorrections").split(';');
 }
@@ -55,50 +51,52 @@ TEST(colour_corrections_mapping, vibrance_and_hue_adjustments_fill_the_colour_ed
 TEST(split_toning_mapping, turns_the_toning_colours_into_colour_balance_factors)
 {
     const char* const neutral = "1.000000;1.000000;1.000000";
-    check_mapping({
-        // Balance 0 maps to -25: the highlight takes a quarter of the shadow tone.
-        {"red shadows", "prophoto", {{"SplitToningShadowHue", "0"}, {"SplitToningShadowSaturation", "50"}},
-         {{"ColorBalanceShadow", "1.000000;0.700000;0.700000"}, {"ColorBalanceMidtone", "1.000000;0.925000;0.925000"},
-          {"ColorBalanceHighlight", neutral}, {"BwDarkHue", nullptr}}},
-        {"balance towards the highlights", "prophoto",
-         {{"SplitToningShadowSaturation", "80"}, {"SplitToningBalance", "100"}},
-         {{"ColorBalanceShadow", "1.000000;0.925000;0.925000"}, {"ColorBalanceMidtone", neutral},
-          {"ColorBalanceHighlight", neutral}}},
-        {"balance without blending", "prophoto", {{"SplitToningShadowSaturation", "50"}, {"SplitToningBalance", "40"}},
-         {{"ColorBalanceShadow", "1.000000;0.700000;0.700000"}, {"ColorBalanceMidtone", neutral}}},
-        {"green highlights at a third in the highlight range", "prophoto",
+    const std::tuple<const char*, setting_list, QString> cases[] = {
+        // Balance 0 maps to -25: the midtones take a quarter of the shadow tone.
+        {"red shadows", {{"SplitToningShadowHue", "0"}, {"SplitToningShadowSaturation", "50"}},
+         "1.000000;0.700000;0.700000 1.000000;0.925000;0.925000 1.000000;1.000000;1.000000"},
+        {"balance towards the highlights", {{"SplitToningShadowSaturation", "80"}, {"SplitToningBalance", "100"}},
+         "1.000000;0.925000;0.925000 1.000000;1.000000;1.000000 1.000000;1.000000;1.000000"},
+        {"balance without blending", {{"SplitToningShadowSaturation", "50"}, {"SplitToningBalance", "40"}},
+         "1.000000;0.700000;0.700000 1.000000;1.000000;1.000000 1.000000;1.000000;1.000000"},
+        {"green highlights at a third in the highlight range",
          {{"SplitToningHighlightHue", "120"}, {"SplitToningHighlightSaturation", "50"}, {"SplitToningBalance", "40"}},
-         {{"ColorBalanceShadow", neutral}, {"ColorBalanceMidtone", "0.700000;1.000000;0.700000"},
-          {"ColorBalanceHighlight", "0.900000;1.000000;0.900000"}}},
-        {"parametric darkening", "prophoto",
+         "1.000000;1.000000;1.000000 0.700000;1.000000;0.700000 0.900000;1.000000;0.900000"},
+        {"parametric darkening",
          {{"SplitToningBalance", "40"}, {"ParametricShadows", "-80"}, {"ParametricDarks", "-40"},
-          {"ParametricLights", "100"}, {"ParametricHighlights", "-40"}},
-         {{"ColorBalanceShadow", "0.750000;0.750000;0.750000"}, {"ColorBalanceMidtone", "1.333333;1.333333;1.333333"},
-          {"ColorBalanceHighlight", "0.900000;0.900000;0.900000"}}},
-        {"lifted shadows have no reciprocal", "prophoto",
+                                  {"ParametricLights", "100"}, {"ParametricHighlights", "-40"}},
+         "0.750000;0.750000;0.750000 1.333333;1.333333;1.333333 0.900000;0.900000;0.900000"},
+        {"lifted shadows have no reciprocal",
          {{"SplitToningBalance", "40"}, {"ParametricShadows", "50"}, {"ParametricDarks", "40"}},
-         {{"ColorBalanceShadow", neutral}, {"ColorBalanceMidtone", "1.111111;1.111111;1.111111"}}},
-        {"grayscale toning with the converted hues", "prophoto",
-         {{"ConvertToGrayscale", "true"}, {"SplitToningShadowHue", "120"}, {"SplitToningShadowSaturation", "70"},
-          {"SplitToningHighlightHue", "0"}, {"SplitToningHighlightSaturation", "30"}, {"ParametricHighlights", "40"}},
-         {{"BwDarkHue", "120.000000"}, {"BwDarkSaturation", "70.000000"}, // as read, unclamped
-          {"BwLightHue", "360.000000"},                                   // red keeps 360000 in the 8-bit model
-          {"BwLightSaturation", "12.000000"}, {"ColorBalanceShadow", neutral}, {"ColorBalanceMidtone", neutral},
-          {"ColorBalanceHighlight", "1.111111;1.111111;1.111111"}}},
-        {"no split toning key", "adobe", {{"ParametricShadows", "-50"}},
-         {{"ColorBalanceShadow", nullptr}, {"ColorBalanceMidtone", nullptr}, {"ColorBalanceHighlight", nullptr}}},
-        {"a hue that is no number still counts", "adobe", {{"SplitToningShadowHue", "teal"}},
-         {{"ColorBalanceShadow", neutral}}},
-    });
+         "1.000000;1.000000;1.000000 1.111111;1.111111;1.111111 1.000000;1.000000;1.000000"},
+        {"a hue that is no number still counts", {{"SplitToningShadowHue", "teal"}},
+         "1.000000;1.000000;1.000000 1.000000;1.000000;1.000000 1.000000;1.000000;1.000000"},
+        {"no split toning key", {{"ParametricShadows", "-50"}}, "  "},
+    };
+    for (const auto& [name, settings, expected] : cases) {
+        const parsed_style style = convert_to_style(preset_with(settings), "prophoto");
+        EXPECT_EQ(QStringList({style.value("ColorBalanceShadow"), style.value("ColorBalanceMidtone"),
+                               style.value("ColorBalanceHighlight")}).join(' '), expected) << name;
+        EXPECT_FALSE(style.has("BwDarkHue")) << name;
+    }
+    // A grayscale style is toned with the converted hues; its colour balance keeps the parametric amounts.
+    check_mapping({{"grayscale toning", "prophoto",
+                    {{"ConvertToGrayscale", "true"}, {"SplitToningShadowHue", "120"},
+                     {"SplitToningShadowSaturation", "70"},
+                     {"SplitToningHighlightHue", "0"}, {"SplitToningHighlightSaturation", "30"},
+                     {"ParametricHighlights", "40"}},
+                    {{"BwDarkHue", "120.000000"}, {"BwDarkSaturation", "70.000000"}, // as read, unclamped
+                     {"BwLightHue", "360.000000"}, // red keeps 360000 in the 8-bit model
+                     {"BwLightSaturation", "12.000000"}, {"ColorBalanceShadow", neutral},
+                     {"ColorBalanceMidtone", neutral},
+                     {"ColorBalanceHighlight", "1.111111;1.111111;1.111111"}}}});
 
     // The hues go through the chosen colour table.
     const lightroom_importer preset = preset_with(
         {{"SplitToningShadowHue", "200"}, {"SplitToningShadowSaturation", "50"}, {"ConvertToGrayscale", "true"}});
-    const auto dark_hue = [&](const char* colour_space) { return convert_to_style(preset, colour_space).value("BwDarkHue"); };
-    EXPECT_EQ(dark_hue("other"), dark_hue("prophoto"));
-    EXPECT_EQ(dark_hue("raw"), dark_hue("widegamut"));
-    EXPECT_NE(dark_hue("srgb"), dark_hue("prophoto"));
-    EXPECT_NE(dark_hue("adobe"), dark_hue("prophoto"));
+    const auto hue = [&](const char* space) { return convert_to_style(preset, space).value("BwDarkHue"); };
+    EXPECT_EQ(hue("other"), hue("prophoto"));
+    EXPECT_EQ(hue("raw"), hue("widegamut"));
+    EXPECT_NE(hue("srgb"), hue("prophoto"));
+    EXPECT_NE(hue("adobe"), hue("prophoto"));
 }
-
-} // namespace

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(setting_mapping, map_setting_clamps_and_scales_each_half_and_copy_setting_copies)
 {
     const std::pair<const char*, const char*> cases[] = {
@@ -33,13 +31,9 @@ TEST(setting_mapping, read_hsl_adjustments_reads_three_keys_of_the_capitalised_c
     const preset_settings settings{{"HueAdjustmentRed", "10"}, {"SaturationAdjustmentRed", "-20.5"},
                                    {"LuminanceAdjustmentRed", "x"}, {"HueAdjustmentBlue", "7"},
                                    {"LuminanceAdjustmentAqua", "bright"}, {"HueAdjustment", "5"}};
-    const struct {
-        const char* colour;
-        bool found_before;
-        QString capitalised;
-        bool found;
-        float hue, saturation, luminance; // a value that is no number reads as 0
-    } cases[] = {
+    // A value that is no number reads as 0.
+    const struct { const char* colour; bool found_before; QString capitalised; bool found;
+                   float hue, saturation, luminance; } cases[] = {
         {"red", false, "Red", true, 10, -20.5f, 0},
         {"green", true, "Green", true, 0, 0, 0}, // nothing found: the flag is not reset
         {"Orange", false, "Orange", false, 0, 0, 0},
@@ -51,20 +45,14 @@ TEST(setting_mapping, read_hsl_adjustments_reads_three_keys_of_the_capitalised_c
         QString colour = c.colour;
         float hue = -1, saturation = -1, luminance = -1;
         read_hsl_adjustments(settings, found, colour, hue, saturation, luminance);
-        EXPECT_EQ(colour, c.capitalised);
-        EXPECT_EQ(found, c.found) << c.colour;
-        EXPECT_EQ(std::make_tuple(hue, saturation, luminance), std::make_tuple(c.hue, c.saturation, c.luminance))
-            << c.colour;
+        EXPECT_EQ(std::make_tuple(colour, found, hue, saturation, luminance),
+                  std::make_tuple(c.capitalised, c.found, c.hue, c.saturation, c.luminance)) << c.colour;
     }
 }
 
 TEST(setting_mapping, set_curve_entry_writes_clamped_fractions_with_six_decimals)
 {
-    const struct {
-        curve_points curve;
-        const char* expected;
-        QStringList warnings;
-    } cases[] = {
+    const struct { curve_points curve; const char* expected; QStringList warnings; } cases[] = {
         {{{0, 0}, {255, 255}}, "0.000000,0.000000;1.000000,1.000000", {}},
         {{{0, 0}, {128, 153}, {255, 255}}, "0.000000,0.000000;0.501961,0.600000;1.000000,1.000000", {}},
         {{{300, -5}, {-1, 255}}, "1.000000,0.000000;0.000000,1.000000",
@@ -80,5 +68,3 @@ TEST(setting_mapping, set_curve_entry_writes_clamped_fractions_with_six_decimals
         EXPECT_EQ(log.warnings(), c.warnings);
     }
 }
-
-} // namespace

@@ -1,9 +1,5 @@
 #include "costyle_test_support.h"
 
-using namespace writer_test;
-
-namespace {
-
 const char* const straight_luma = "0.0000,0.0000;1.0000,1.0000";
 const char* const deepest_shadow = "0.0000;0.0000;0.0000;0.189092";
 
@@ -91,5 +87,3 @@ TEST(tone_mapping, process_2010_keeps_its_tuned_ranges_and_2012_wins)
         {"saturation unscaled", "raw", {{"Saturation", "-20"}}, {{"Saturation", "-20.000000"}}},
     });
 }
-
-} // namespace
