@@ -11,8 +11,8 @@ TEST(c_spline, hits_the_knots_and_extrapolates_with_the_end_cubics)
 {
     const std::vector<double> line = {0, 255}, knots = {0, 128, 255}, values = {0, 192, 255};
     const struct { const std::vector<double>&x, &y; double at, expected; } cases[] = {
-        {line, line, 127.5, 127.5},   {line, line, -10, -10},     {line, line, 300, 300},
-        {knots, values, 128, 192},    {knots, values, 255, 255},  {knots, values, 64, 108.09448818897638},
+        {line, line, 127.5, 127.5}, {line, line, -10, -10}, {line, line, 300, 300}, {knots, values, 0, 0},
+        {knots, values, 128, 192},  {knots, values, 255, 255}, {knots, values, 64, 108.09448818897638},
         {knots, values, 200, 238.88771777543556},
         {knots, values, -20, -34.91633858267716}, // first cubic, not clamped
         {knots, values, 300, 267.48527497055},    // last cubic
