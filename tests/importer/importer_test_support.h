@@ -46,10 +46,10 @@ inline QString write_file(const QTemporaryDir& dir, const QByteArray& bytes, con
 }
 
 // Bytes of a fixed pseudo-random sequence.
-inline QByteArray random_bytes(int size, quint32 seed)
+inline QByteArray random_bytes(int size, quint32 state)
 {
     QByteArray bytes(size, '\0');
     for (char& b : bytes)
-        b = char((seed = seed * 1103515245u + 12345u) >> 24);
+        b = char((state = state * 1103515245u + 12345u) >> 24);
     return bytes;
 }

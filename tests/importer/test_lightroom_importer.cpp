@@ -2,11 +2,11 @@
 
 #include <QTextCodec>
 
-static const char* const warm = "s = {\n\ttitle = \"\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9\",\n"
-                         "\tvalue = {\n\t\tsettings = {\n\t\t\tExposure2012 = +0.50,\n\t\t},\n\t},\n}\n";
-static const char* const warm_record = "Exposure2012=+0.50; "
-                                       "title=\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9; "
-                                "name: \xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9";
+// A Cyrillic title with a copyright sign.
+#define WARM_TITLE "\xd0\xa2\xd1\x91\xd0\xbf\xd0\xbb\xd1\x8b\xd0\xb9 \xc2\xa9"
+static const char* const warm = "s = {\n\ttitle = \"" WARM_TITLE "\",\n\tvalue = {\n\t\tsettings = {\n"
+                                "\t\t\tExposure2012 = +0.50,\n\t\t},\n\t},\n}\n";
+static const char* const warm_record = "Exposure2012=+0.50; title=" WARM_TITLE "; name: " WARM_TITLE;
 
 static QByteArray encoded(const char* codec, const QByteArray& bom)
 {
@@ -18,12 +18,8 @@ static QByteArray encoded(const char* codec, const QByteArray& bom)
 TEST(read_lrpreset, reads_templates_of_any_encoding_and_refuses_broken_ones)
 {
     const QString unexpected = "Unexpected token type found. Expected token_type::";
-    const struct {
-        const char* name;
-        QByteArray bytes;
-        QString error; // the start of the message; empty: no error
-        QString record; // when there is no error
-    } cases[] = {
+    // The error is the start of the message (empty: no error); the record is checked when there is none.
+    const struct { const char* name; QByteArray bytes; QString error, record; } cases[] = {
         {"UTF-8", warm, {}, warm_record}, {"UTF-8 with BOM", "\xef\xbb\xbf" + QByteArray(warm), {}, warm_record},
         {"UTF-16LE with BOM", encoded("UTF-16LE", "\xff\xfe"), {}, warm_record},
         {"UTF-16BE with BOM", encoded("UTF-16BE", "\xfe\xff"), {}, warm_record},
