@@ -4,16 +4,16 @@
 // values in failure messages and a recorder of Qt's log.
 
 #include <QStringList>
+#include <algorithm>
 #include <ostream>
-#include <utility>
 #include <vector>
 
 inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace test_support {
 
-// Records the log while alive (one recorder at a time), debug lines only
-// when asked to: tests of large inputs drop them.
+// Records the log while alive (one recorder at a time); tests of large
+// inputs can leave out the debug lines.
 class log_capture {
 public:
     explicit log_capture(bool keep_debug = true) : previous_(qInstallMessageHandler(&handle))
@@ -34,12 +34,10 @@ public:
     }
     QStringList warnings() const { return of(QtWarningMsg); }
     bool empty() const { return shared().messages.empty(); }
-    bool contains(const QString& part) const // in any message
+    bool contains(const QString& part) const
     {
-        for (const auto& m : shared().messages)
-            if (m.second.contains(part))
-                return true;
-        return false;
+        return std::any_of(shared().messages.begin(), shared().messages.end(),
+                           [&](const auto& m) { return m.second.contains(part); });
     }
 
 private:
