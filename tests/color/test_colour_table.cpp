@@ -1,202 +1,142 @@
 #include "color/colour_table.h"
-
 #include "color/stk_exception.h"
+#include "writer/costyle_writer.h"
 
+#include <QProcess>
+#include <QResource>
 #include <QTemporaryDir>
-#include <QFile>
 #include <gtest/gtest.h>
 
-namespace {
+constexpr std::size_t cube = 17 * 17 * 17;
+constexpr float top = 1023.0f / 1024.0f; // 10-bit 1023 reads as 1023/1024, not 1
 
-constexpr int cube = 17 * 17 * 17;
-
-// A 3DL body of `lines` data lines counting up from 0 in red, green, blue.
-QByteArray data_lines(int lines, int value = -1)
+static QByteArray lines_of(std::size_t count, int v)
 {
-    QByteArray text;
-    for (int i = 0; i < lines; ++i) {
-        const int v = value < 0 ? i % 1024 : value;
-        text += QByteArray::number(v) + ' ' + QByteArray::number(v) + ' ' + QByteArray::number(v) + '\n';
-    }
-    return text;
+    return (QByteArray::number(v) + ' ' + QByteArray::number(v) + ' ' + QByteArray::number(v) + '\n')
+        .repeated(static_cast<int>(count));
 }
 
-const QByteArray header = "# title\n3DMESH\nMesh 4 10\n0 64 128 192 256 320 384 448 512 576 640 704 768 832 896 960 1023\n";
-
-std::string load_error(const QByteArray& data)
+TEST(load_3dl, reads_tables_blue_first_with_10_bit_scaling_or_throws_the_reason)
 {
-    colour_table table;
-    try {
-        load_3dl_from_data(table, data);
-    } catch (const stk::exception& e) {
-        return e.what();
-    }
-    return "no error";
-}
-
-TEST(load_3dl, reads_a_full_table_with_10_bit_scaling)
-{
-    colour_table table;
-    table.title = "old";
-    QByteArray body = "0 0 0\n" + data_lines(cube - 2, 512) + "1023 1023 1023\n";
-    load_3dl_from_data(table, header + body);
-    EXPECT_EQ(table.size, 17u);
-    ASSERT_EQ(table.entries.size(), static_cast<std::size_t>(cube));
-    EXPECT_TRUE(table.title.isEmpty());
-    const colour_entry& first = table.entries.front();
-    EXPECT_EQ(first.b, 0.0f);
-    EXPECT_EQ(first.a, 0.0f);
-    const colour_entry& last = table.entries.back();
-    // 10-bit 1023 is 1023/1024, not 1.
-    EXPECT_FLOAT_EQ(last.r, 1023.0f / 1024.0f);
-    EXPECT_FLOAT_EQ(last.g, 1023.0f / 1024.0f);
-    EXPECT_FLOAT_EQ(last.b, 1023.0f / 1024.0f);
-    EXPECT_EQ(last.a, 0.0f);
-}
-
-TEST(load_3dl, stores_blue_first)
-{
-    colour_table table;
-    load_3dl_from_data(table, "0 1023\n" + QByteArray("256 512 768\n") + data_lines(7));
-    ASSERT_EQ(table.size, 2u);
-    EXPECT_FLOAT_EQ(table.entries[0].r, 0.25f);
-    EXPECT_FLOAT_EQ(table.entries[0].g, 0.5f);
-    EXPECT_FLOAT_EQ(table.entries[0].b, 0.75f);
-}
-
-TEST(load_3dl, file_without_grid_line_uses_the_17_point_default)
-{
-    colour_table table;
-    load_3dl_from_data(table, "# no grid\n3DMESH\n" + data_lines(cube - 1, 0) + "1023 512 0\n");
-    EXPECT_EQ(table.size, 17u);
-    ASSERT_EQ(table.entries.size(), static_cast<std::size_t>(cube));
-    EXPECT_FLOAT_EQ(table.entries.back().r, 1023.0f / 1024.0f);
-    EXPECT_FLOAT_EQ(table.entries.back().g, 0.5f);
-}
-
-TEST(load_3dl, first_data_line_of_a_file_without_grid_line_counts)
-{
-    colour_table table;
-    load_3dl_from_data(table, "1023 0 0\n" + data_lines(cube - 1, 0));
-    ASSERT_EQ(table.entries.size(), static_cast<std::size_t>(cube));
-    EXPECT_FLOAT_EQ(table.entries.front().r, 1023.0f / 1024.0f);
-}
-
-TEST(load_3dl, skips_short_body_lines_and_ignores_extra_lines)
-{
-    colour_table table;
-    QByteArray body = "# comment\n\n1 2\n" + data_lines(8, 1023) + "not read at all\n";
-    load_3dl_from_data(table, "0 1023\n" + body);
-    EXPECT_EQ(table.entries.size(), 8u);
-}
-
-TEST(load_3dl, accepts_crlf_line_ends_and_a_byte_order_mark)
-{
-    QByteArray text = "\xEF\xBB\xBF# title\r\n3DMESH\r\nMesh 4 10\r\n0 1023\r\n";
-    for (int i = 0; i < 8; ++i)
-        text += "512 512 512\r\n";
-    colour_table table;
-    load_3dl_from_data(table, text);
-    EXPECT_EQ(table.size, 2u);
-    ASSERT_EQ(table.entries.size(), 8u);
-    EXPECT_FLOAT_EQ(table.entries.back().b, 0.5f);
-}
-
-TEST(load_3dl, broken_files_throw_with_the_reason)
-{
-    struct error_case {
-        const char* name;
-        QByteArray data;
-        std::string message;
+    const QByteArray header = "# t\n3DMESH\nMesh 4 10\n0 64 128 192 256 320 384 448 512 576 640 704 768 832 896 960 "
+                              "1023\n";
+    const std::string too_few = "ERROR while loading 3DL LUT: Less values than needed.";
+    // On success: the edge length, one entry (by index) and its red, green and blue.
+    const struct { const char* name; QByteArray data; std::string error; std::uint32_t size = 0; std::size_t index = 0;
+                   float r = 0, g = 0, b = 0; } cases[] = {
+        {"full table", header + lines_of(cube - 1, 512) + "1023 1023 1023\n", "", 17, cube - 1, top, top, top},
+        {"values are red green blue", "0 1023\n256 512 768\n" + lines_of(7, 0), "", 2, 0, 0.25f, 0.5f, 0.75f},
+        {"no grid line: 17 points", "3DMESH\n" + lines_of(cube - 1, 0) + "1023 512 0\n", "", 17, cube - 1, top, 0.5f},
+        {"first data line without grid line", "1023 0 0\n" + lines_of(cube - 1, 0), "", 17, 0, top},
+        {"short lines skipped, extra ignored", "0 1023\n# c\n\n1 2\n" + lines_of(8, 256) + "x\n", "", 2, 0, .25f, .25f,
+         .25f},
+        {"CRLF and byte order mark", "\xEF\xBB\xBF# t\r\n3DMESH\r\n0 1023\r\n" + lines_of(8, 512).replace("\n", "\r\n"),
+         "", 2, 7, 0.5f, 0.5f, 0.5f},
+        {"single grid value", "# t\n17\n" + lines_of(cube, 0),
+         "ERROR while loading 3DL LUT: Edge length is less than 2."},
+        {"one line short", header + lines_of(cube - 1, 0), too_few}, {"empty", "", too_few},
+        {"header only", "# t\n3DMESH\nMesh 4 10\n", too_few},
+        {"huge grid", "0 " + QByteArray("1 ").repeated(20000) + "\n" + lines_of(8, 0), too_few},
     };
-    const error_case cases[] = {
-        {"single grid value", "# t\n17\n" + data_lines(cube), "ERROR while loading 3DL LUT: Edge length is less than 2."},
-        {"one line short", header + data_lines(cube - 1), "ERROR while loading 3DL LUT: Less values than needed."},
-        {"empty", "", "ERROR while loading 3DL LUT: Less values than needed."},
-        {"header only", "# t\n3DMESH\nMesh 4 10\n", "ERROR while loading 3DL LUT: Less values than needed."},
-        {"huge grid", "0 " + QByteArray(20000, '1').replace("1", "1 ") + "\n" + data_lines(8),
-         "ERROR while loading 3DL LUT: Less values than needed."},
-    };
-    for (const error_case& c : cases)
-        EXPECT_EQ(load_error(c.data), c.message) << c.name;
-}
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        colour_table table;
+        table.title = "old";
+        try {
+            load_3dl_from_data(table, c.data);
+        } catch (const stk::exception& e) {
+            EXPECT_EQ(e.what(), c.error);
+            continue;
+        }
+        ASSERT_TRUE(c.error.empty()) << "no error";
+        EXPECT_TRUE(table.title.isEmpty());
+        EXPECT_EQ(table.size, c.size);
+        ASSERT_EQ(table.entries.size(), std::size_t(c.size) * c.size * c.size);
+        const colour_entry& e = table.entries[c.index];
+        EXPECT_EQ(std::make_tuple(e.r, e.g, e.b, e.a), std::make_tuple(c.r, c.g, c.b, 0.0f));
+    }
 
-TEST(load_3dl, unreadable_file_leaves_the_table_alone)
-{
-    colour_table table;
-    table.size = 17;
-    table.entries.resize(cube);
-    table.title = "kept";
-    load_3dl(table, QStringLiteral("/nonexistent/folder/table.3dl"));
-    EXPECT_EQ(table.size, 17u);
-    EXPECT_EQ(table.entries.size(), static_cast<std::size_t>(cube));
-    EXPECT_EQ(table.title, "kept");
-}
-
-TEST(load_3dl, reads_from_a_file)
-{
+    // From a file; one that cannot be read leaves the table alone.
     QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
     QFile file(dir.filePath("table.3dl"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("0 1023\n" + data_lines(8, 256));
+    file.write("0 1023\n" + lines_of(8, 256));
     file.close();
     colour_table table;
     load_3dl(table, file.fileName());
+    load_3dl(table, dir.filePath("absent.3dl"));
     ASSERT_EQ(table.entries.size(), 8u);
-    EXPECT_FLOAT_EQ(table.entries.front().r, 0.25f);
+    EXPECT_EQ(table.entries.front().r, 0.25f);
 }
 
-TEST(colour_table, identity_table_and_its_lookups)
+TEST(colour_table, identity_cube_and_trilinear_lookup)
 {
     colour_table table;
     fill_identity(table);
     EXPECT_EQ(table.size, 17u);
-    ASSERT_EQ(table.entries.size(), static_cast<std::size_t>(cube));
-    const colour_entry& red = table.entries[16 * 17 * 17];
-    EXPECT_EQ(red.r, 1.0f);
-    EXPECT_EQ(red.g, 0.0f);
-    EXPECT_EQ(red.a, 1.0f);
-
-    const colour_entry white = table.lookup(255, 255, 255);
-    EXPECT_FLOAT_EQ(white.b, 1.0f);
-    EXPECT_FLOAT_EQ(white.g, 1.0f);
-    EXPECT_FLOAT_EQ(white.r, 1.0f);
-    EXPECT_FLOAT_EQ(white.a, 1.0f);
-    const colour_entry black = table.lookup(0, 0, 0);
-    EXPECT_EQ(black.b, 0.0f);
-    EXPECT_EQ(black.g, 0.0f);
-    EXPECT_EQ(black.r, 0.0f);
-    EXPECT_EQ(black.a, 1.0f);
-    EXPECT_NEAR(table.lookup(128, 0, 0).r, 128.0f / 255.0f, 1e-6);
-}
-
-TEST(colour_table, trilinear_lookup_reproduces_the_identity_everywhere)
-{
-    colour_table table;
-    fill_identity(table);
+    ASSERT_EQ(table.entries.size(), cube);
+    const colour_entry& red = table.entries[16 * 17 * 17]; // index = (r * N + g) * N + b
+    EXPECT_EQ(std::make_tuple(red.r, red.g, red.b, red.a), std::make_tuple(1.0f, 0.0f, 0.0f, 1.0f));
     for (int r = 0; r < 256; r += 37)
         for (int g = 3; g < 256; g += 41)
             for (int b = 7; b < 256; b += 29) {
                 const colour_entry e = table.lookup(r, g, b);
-                EXPECT_NEAR(e.r, r / 255.0f, 1e-5) << r << "," << g << "," << b;
-                EXPECT_NEAR(e.g, g / 255.0f, 1e-5) << r << "," << g << "," << b;
-                EXPECT_NEAR(e.b, b / 255.0f, 1e-5) << r << "," << g << "," << b;
-                EXPECT_FLOAT_EQ(e.a, 1.0f);
+                const float off = std::abs(e.r - r / 255.0f) + std::abs(e.g - g / 255.0f) + std::abs(e.b - b / 255.0f);
+                EXPECT_TRUE(off < 3e-5f && e.a == 1.0f) << r << "," << g << "," << b;
             }
-}
-
-TEST(colour_table, lookup_is_safe_on_incomplete_tables_and_wild_input)
-{
-    colour_table empty;
-    const colour_entry none = empty.lookup(10, 10, 10);
-    EXPECT_EQ(none.r, 0.0f);
-
-    colour_table table;
-    fill_identity(table);
-    const colour_entry clamped = table.lookup(-20, 999, 128);
+    EXPECT_FLOAT_EQ(table.lookup(255, 255, 255).r, 1.0f);
+    const colour_entry clamped = table.lookup(-20, 999, 128); // wild input is clamped
     EXPECT_EQ(clamped.r, 0.0f);
     EXPECT_FLOAT_EQ(clamped.g, 1.0f);
+    EXPECT_EQ(colour_table().lookup(10, 10, 10).r, 0.0f); // an incomplete table gives black
 }
 
-} // namespace
+// The tables shipped as resources, as the writer loads them.
+const char* const table_files[] = {"ProPhotoRGB_to_AdobeRGB1998.3dl", "ProPhotoRGB_to_sRGB.3dl",
+                                   "ProPhotoRGB_to_WideGamutRGB.3dl"};
+
+TEST(colour_table_resources, writer_loads_three_compressed_tables_and_the_identity)
+{
+    const costyle_writer writer;
+    for (auto index : {costyle_writer::adobe_rgb, costyle_writer::srgb, costyle_writer::wide_gamut_rgb}) {
+        const colour_table& table = writer.table(index);
+        EXPECT_EQ(table.size, 17u) << index;
+        ASSERT_EQ(table.entries.size(), cube) << index;
+        const colour_entry &black = table.entries.front(), &white = table.entries.back();
+        EXPECT_EQ(std::make_tuple(black.r, black.g, black.b, black.a), std::make_tuple(0.0f, 0.0f, 0.0f, 0.0f));
+        EXPECT_EQ(std::make_tuple(white.r, white.g, white.b), std::make_tuple(top, top, top)) << index;
+    }
+    EXPECT_EQ(writer.table(costyle_writer::identity).entries.back().a, 1.0f);
+    // Grid index on the blue axis -> 10-bit blue output of the sRGB table at (0, 0, b).
+    for (const auto& [index, expected] : {std::pair{1, 88}, {2, 185}, {3, 273}, {15, 1023}, {16, 1023}}) {
+        const colour_entry& e = writer.table(costyle_writer::srgb).entries[static_cast<std::size_t>(index)];
+        EXPECT_EQ(e.r + e.g, 0.0f) << index;
+        EXPECT_NEAR(e.b * 1024.0f, expected, 2.0f) << index;
+    }
+    for (const char* name : table_files)
+        EXPECT_EQ(QResource(QStringLiteral(":/data/") + name).compressionAlgorithm(), QResource::ZlibCompression)
+            << name;
+}
+
+TEST(colour_table_resources, generator_reproduces_the_shipped_tables)
+{
+#ifndef STYLEWRIGHT_TABLE_GENERATOR
+    GTEST_SKIP() << "the table generator was not built (LittleCMS 2 missing)";
+#else
+    const costyle_writer writer; // registers the compiled-in tables
+    QTemporaryDir dir;
+    QProcess generator;
+    generator.start(QStringLiteral(STYLEWRIGHT_TABLE_GENERATOR), {dir.path()});
+    ASSERT_TRUE(generator.waitForFinished(60000));
+    ASSERT_EQ(generator.exitCode(), 0) << generator.readAllStandardError().toStdString();
+    for (const char* name : table_files) {
+        QFile fresh(dir.filePath(name)), committed(STYLEWRIGHT_SOURCE_DIR "/resources/data/" + QString(name)),
+            compiled_in(":/data/" + QString(name));
+        ASSERT_TRUE(fresh.open(QIODevice::ReadOnly) && committed.open(QIODevice::ReadOnly)
+                    && compiled_in.open(QIODevice::ReadOnly)) << name;
+        const QByteArray generated = fresh.readAll();
+        EXPECT_TRUE(generated == committed.readAll()) << name << " differs from the committed table";
+        EXPECT_TRUE(generated == compiled_in.readAll()) << name << " differs from the compiled-in table";
+    }
+#endif
+}

@@ -1,90 +1,43 @@
-#include "importer/lightroom_importer.h"
-#include "log_capture.h"
-#include "qt_print.h"
+#include "importer_test_support.h"
 
-#include <gtest/gtest.h>
-
-namespace {
-
-using settings_map = QMap<QString, QString>;
-using curve = QVector<QPoint>;
-
-struct dotted_case {
-    const char* label;
-    QString text;
-    settings_map settings;
-    curve master;
-    curve red;
-    curve green;
-    curve blue;
-};
-
-// Names the case in test listings and failure messages.
-void PrintTo(const dotted_case& c, std::ostream* os)
+TEST(dot_notation_reader, cuts_each_line_into_key_and_value)
 {
-    *os << c.label;
-}
-
-class dotted_test : public ::testing::TestWithParam<dotted_case> {};
-
-TEST_P(dotted_test, fills_the_record)
-{
-    const dotted_case& c = GetParam();
-    const log_capture log;
-    lightroom_importer record;
-    record.read_dot_notation_lrpreset(c.text);
-    EXPECT_EQ(record.settings, c.settings) << c.label;
-    EXPECT_EQ(record.tone_curve, c.master) << c.label;
-    EXPECT_EQ(record.tone_curve_red, c.red) << c.label;
-    EXPECT_EQ(record.tone_curve_green, c.green) << c.label;
-    EXPECT_EQ(record.tone_curve_blue, c.blue) << c.label;
-}
-
-INSTANTIATE_TEST_SUITE_P(lines, dotted_test, ::testing::Values(
-    dotted_case{"indented paths are stripped, quotes kept",
-                QStringLiteral("s = {}\n\ts.title = \"Warm\"\n\ts.value.settings = {}\n"
-                               "\ts.value.settings.Exposure2012 = 0.35\n\ts.value.uuid = \"AB\""),
-                {{"title", "\"Warm\""}, {"Exposure2012", "0.35"}, {"uuid", "\"AB\""}},
-                {}, {}, {}, {}},
-    dotted_case{"unindented line keeps its path", QStringLiteral("s.value.settings.Contrast = 5"),
-                {{"s.value.settings.Contrast", "5"}}, {}, {}, {}, {}},
-    dotted_case{"cut at the second =", QStringLiteral("\ts.title = \"a = b\""),
-                {{"title", "\"a"}}, {}, {}, {}, {}},
-    dotted_case{"line without =", QStringLiteral("  just words  "), {{"just words", ""}}, {}, {}, {}, {}},
-    dotted_case{"CRLF is trimmed", QStringLiteral("\ts.a = 1\r\n\ts.b = 2\r\n"),
-                {{"a", "1"}, {"b", "2"}, {"", ""}}, {}, {}, {}, {}},
-    dotted_case{"CR-only line ends make one line", QStringLiteral("\ts.a = 1\r\ts.b = 2\r"),
-                {{"a", "1\r\ts.b"}}, {}, {}, {}, {}},
-    dotted_case{"ToneCurveName goes to settings", QStringLiteral("\ts.value.settings.ToneCurveName = \"Linear\""),
-                {{"ToneCurveName", "\"Linear\""}}, {}, {}, {}, {}},
-    dotted_case{"curve elements pair up",
-                QStringLiteral("\ts.value.settings.ToneCurvePV2012 = {}\n"
-                               "\ts.value.settings.ToneCurvePV2012[1] = 0\n\ts.value.settings.ToneCurvePV2012[2] = 10\n"
-                               "\ts.value.settings.ToneCurvePV2012[3] = 255\n\ts.value.settings.ToneCurvePV2012[4] = 245"),
-                {}, {{0, 10}, {255, 245}}, {}, {}, {}},
-    dotted_case{"legacy and PV2012 curves are appended to one curve",
-                QStringLiteral("\ts.value.settings.ToneCurve[1] = 1\n\ts.value.settings.ToneCurve[2] = 2\n"
-                               "\ts.value.settings.ToneCurvePV2012[1] = 3\n\ts.value.settings.ToneCurvePV2012[2] = 4"),
-                {}, {{1, 2}, {3, 4}}, {}, {}, {}},
-    dotted_case{"channel chosen by name",
-                QStringLiteral("\ts.value.settings.ToneCurvePV2012Red[1] = 1\n\ts.value.settings.ToneCurvePV2012Red[2] = 2\n"
-                               "\ts.value.settings.ToneCurvePV2012Green[1] = 3\n\ts.value.settings.ToneCurvePV2012Green[2] = 4\n"
-                               "\ts.value.settings.ToneCurvePV2012Blue[1] = 5\n\ts.value.settings.ToneCurvePV2012Blue[2] = 6"),
-                {}, {}, {{1, 2}}, {{3, 4}}, {{5, 6}}},
-    dotted_case{"pending x is shared between curves",
-                QStringLiteral("\ts.value.settings.ToneCurvePV2012Red[1] = 7\n"
-                               "\ts.value.settings.ToneCurvePV2012Blue[2] = 8\n\ts.value.settings.ToneCurvePV2012[2] = 9"),
-                {}, {{7, 9}}, {}, {}, {{7, 8}}},
-    dotted_case{"no index counts as even, decimals as 0",
-                QStringLiteral("\ts.value.settings.ToneCurvePV2012[1] = 0.5\n\ts.value.settings.ToneCurvePV2012 = 5"),
-                {}, {{0, 5}}, {}, {}, {}}));
-
-TEST(dot_notation_reader, logs_each_key_and_value)
-{
+    const std::pair<const char*, const char*> cases[] = {
+        {"s = {}\n\ts.title = \"Warm\"\n\ts.value.settings = {}\n\ts.value.settings.Exposure2012 = 0.35\n"
+         "\ts.value.uuid = \"AB\"",
+         "Exposure2012=0.35; title=\"Warm\"; uuid=\"AB\""}, // indented paths stripped, quotes kept
+        {"s.value.settings.Contrast = 5", "s.value.settings.Contrast=5"}, // only indented lines lose the path
+        {"\ts.title = \"a = b\"", "title=\"a"},                           // cut at the second =
+        {"  just words  ", "just words="},
+        {"\ts.a = 1\r\n\ts.b = 2\r\n", "=; a=1; b=2"},     // CRLF trimmed; the empty last line counts
+        {"\ts.a = 1\r\ts.b = 2\r", "a=1\r\ts.b"},           // CR alone does not end a line
+        {"\ts.value.settings.ToneCurveName = \"Linear\"", "ToneCurveName=\"Linear\""},
+        {"\ts.value.settings.ToneCurvePV2012 = {}\n\ts.value.settings.ToneCurvePV2012[1] = 0\n"
+         "\ts.value.settings.ToneCurvePV2012[2] = 10\n\ts.value.settings.ToneCurvePV2012[3] = 255\n"
+         "\ts.value.settings.ToneCurvePV2012[4] = 245",
+         "master: 0,10 255,245"},
+        {"\ts.value.settings.ToneCurve[1] = 1\n\ts.value.settings.ToneCurve[2] = 2\n"
+         "\ts.value.settings.ToneCurvePV2012[1] = 3\n\ts.value.settings.ToneCurvePV2012[2] = 4",
+         "master: 1,2 3,4"}, // legacy and PV2012 curves append to one curve
+        {"\ts.value.settings.ToneCurvePV2012Red[1] = 1\n\ts.value.settings.ToneCurvePV2012Red[2] = 2\n"
+         "\ts.value.settings.ToneCurvePV2012Green[1] = 3\n\ts.value.settings.ToneCurvePV2012Green[2] = 4\n"
+         "\ts.value.settings.ToneCurvePV2012Blue[1] = 5\n\ts.value.settings.ToneCurvePV2012Blue[2] = 6",
+         "red: 1,2; green: 3,4; blue: 5,6"},
+        {"\ts.value.settings.ToneCurvePV2012Red[1] = 7\n\ts.value.settings.ToneCurvePV2012Blue[2] = 8\n"
+         "\ts.value.settings.ToneCurvePV2012[2] = 9",
+         "master: 7,9; blue: 7,8"}, // the pending x is shared between curves
+        {"\ts.value.settings.ToneCurvePV2012[1] = 0.5\n\ts.value.settings.ToneCurvePV2012 = 5",
+         "master: 0,5"}, // no index counts as even, decimals as 0
+    };
+    for (const auto& [text, expected] : cases) {
+        SCOPED_TRACE(text);
+        const log_capture log;
+        lightroom_importer record;
+        record.read_dot_notation_lrpreset(QString::fromUtf8(text));
+        EXPECT_EQ(describe(record), expected);
+    }
     const log_capture log;
     lightroom_importer record;
     record.read_dot_notation_lrpreset(QStringLiteral("\ts.title = \"\u00c9t\u00e9\""));
-    EXPECT_EQ(log.of_type(QtDebugMsg), QVector<QString>{QStringLiteral("'title' -> '\"\u00c9t\u00e9\"'")});
+    EXPECT_EQ(log.of(QtDebugMsg), QStringList{QStringLiteral("'title' -> '\"\u00c9t\u00e9\"'")});
 }
-
-} // namespace

@@ -1,76 +1,33 @@
 #pragma once
 
-// Helpers shared by the style writer's tests: one writer for the whole test
-// program, presets built from literal settings, a parsed style document and
-// a recorder of the log.
+// Helpers of the style writer's tests: one writer for the whole program,
+// presets from literal settings, documents read back into their entries.
 
+#include "color/log_capture.h"
 #include "importer/lightroom_importer.h"
 #include "writer/costyle_writer.h"
 
-#include <QMap>
 #include <QRegularExpression>
-#include <QString>
-#include <QStringList>
 #include <QXmlStreamReader>
-#include <QtGlobal>
+#include <gtest/gtest.h>
 
-#include <ostream>
-#include <utility>
-#include <vector>
-
-// Readable QString values in GoogleTest's failure messages.
-inline void PrintTo(const QString& text, std::ostream* os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
-
-namespace writer_test {
-
+using test_support::log_capture;
 using setting_list = std::vector<std::pair<const char*, const char*>>;
+
+inline lightroom_importer preset_with(const setting_list& settings, const QString& name = QString())
+{
+    lightroom_importer preset;
+    for (const auto& [key, value] : settings)
+        preset.settings.insert(key, value);
+    preset.name = name;
+    return preset;
+}
 
 // Building a writer loads three colour tables; the tests share one.
 inline const costyle_writer& shared_writer()
 {
     static const costyle_writer writer;
     return writer;
-}
-
-inline lightroom_importer preset_with(const setting_list& settings, const QString& name = QString())
-{
-    lightroom_importer preset;
-    for (const auto& setting : settings)
-        preset.settings.insert(QString::fromUtf8(setting.first), QString::fromUtf8(setting.second));
-    preset.name = name;
-    return preset;
-}
-
-// A style document read back: the entries in document order and by key.
-struct parsed_style {
-    QString engine;
-    QStringList keys;
-    QMap<QString, QString> entries;
-    QString error;
-
-    bool has(const QString& key) const { return entries.contains(key); }
-    QString value(const QString& key) const { return entries.value(key); }
-};
-
-inline parsed_style parse_style(const QString& document)
-{
-    parsed_style style;
-    QXmlStreamReader reader(document);
-    if (reader.readNextStartElement() && reader.name() == QLatin1String("SL")) {
-        style.engine = reader.attributes().value(QLatin1String("Engine")).toString();
-        while (reader.readNextStartElement()) {
-            const QString key = reader.attributes().value(QLatin1String("K")).toString();
-            style.keys.append(key);
-            style.entries.insert(key, reader.attributes().value(QLatin1String("V")).toString());
-            reader.skipCurrentElement();
-        }
-    }
-    if (reader.hasError())
-        style.error = reader.errorString();
-    return style;
 }
 
 inline QString convert(const lightroom_importer& preset, const QString& colour_space)
@@ -80,47 +37,48 @@ inline QString convert(const lightroom_importer& preset, const QString& colour_s
     return out;
 }
 
-inline parsed_style convert_to_style(const lightroom_importer& preset, const QString& colour_space = QStringLiteral("adobe"))
+// A style document read back: its entries in document order and by key.
+struct parsed_style {
+    QStringList keys;
+    QMap<QString, QString> entries;
+    QString error;
+    bool has(const QString& key) const { return entries.contains(key); }
+    QString value(const QString& key) const { return entries.value(key); }
+};
+
+inline parsed_style convert_to_style(const lightroom_importer& preset, const QString& colour_space = "adobe")
 {
-    return parse_style(convert(preset, colour_space));
+    parsed_style style;
+    QXmlStreamReader reader(convert(preset, colour_space));
+    if (reader.readNextStartElement() && reader.name() == QLatin1String("SL"))
+        for (; reader.readNextStartElement(); reader.skipCurrentElement()) {
+            style.keys << reader.attributes().value("K").toString();
+            style.entries.insert(style.keys.last(), reader.attributes().value("V").toString());
+        }
+    style.error = reader.errorString();
+    return style;
 }
 
 // The one random part of a document, replaced so documents can be compared.
 inline QString mask_uuid(QString document)
 {
-    static const QRegularExpression uuid(
-        QStringLiteral("[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}"));
-    return document.replace(uuid, QStringLiteral("UUID-MASKED"));
+    return document.replace(QRegularExpression("[0-9A-F]{8}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{4}-[0-9A-F]{12}"),
+                            "UUID-MASKED");
 }
 
-// Records the log while it lives (one at a time).
-class message_log {
-public:
-    message_log() { previous_ = qInstallMessageHandler(&message_log::record); }
-    ~message_log()
-    {
-        qInstallMessageHandler(previous_);
-        lines().clear();
-    }
-    message_log(const message_log&) = delete;
-    message_log& operator=(const message_log&) = delete;
-
-    static QStringList& lines()
-    {
-        static QStringList recorded;
-        return recorded;
-    }
-    bool contains(const QString& text) const
-    {
-        for (const QString& line : lines())
-            if (line.contains(text))
-                return true;
-        return false;
-    }
-
-private:
-    static void record(QtMsgType, const QMessageLogContext&, const QString& message) { lines().append(message); }
-    QtMessageHandler previous_ = nullptr;
+// Rows of settings converted in a colour space, with entries the style must
+// hold (a value of nullptr: the entry must be absent).
+struct mapping_case {
+    const char* name;
+    const char* colour_space;
+    setting_list settings, expected;
 };
 
-} // namespace writer_test
+inline void check_mapping(const std::vector<mapping_case>& cases)
+{
+    for (const mapping_case& c : cases) {
+        const parsed_style style = convert_to_style(preset_with(c.settings), c.colour_space);
+        for (const auto& [key, value] : c.expected)
+            EXPECT_EQ(style.has(key) ? style.value(key) : "absent", value ? value : "absent") << c.name << ": " << key;
+    }
+}
