@@ -28,6 +28,8 @@ constexpr qint64 repaint_interval_ms = 30;
 // The progress dialog keeps its width while file names of any length pass
 // through its label; longer names are shortened in the middle.
 constexpr int progress_label_width = 380;
+// The dialog lays its parts out edge to edge; the label gets its own air.
+constexpr QMargins progress_label_margins(0, 8, 0, 4);
 
 question_answer answer_of(QMessageBox::StandardButton button)
 {
@@ -48,7 +50,7 @@ question_answer answer_of(QMessageBox::StandardButton button)
 QString progress_bar_sheet()
 {
     return QStringLiteral("QProgressBar{background-color:rgb(30,30,30);color:rgb(198,213,210);"
-                          "border:1px solid rgb(20,20,20);border-radius:3px;text-align:center;height:16px;}"
+                          "border:1px solid rgb(20,20,20);border-radius:3px;text-align:center;}"
                           "QProgressBar::chunk{background-color:rgb(74,143,219);border-radius:2px;}");
 }
 
@@ -130,12 +132,18 @@ void window_conversion_shell::open_progress_dialog(int count)
     auto* dialog = new QProgressDialog(window_);
     progress_dialog_ = dialog;
     dialog->setWindowTitle(QCoreApplication::translate("MainWindow", "Converting presets"));
-    dialog->setStyleSheet(vel::dark_style::dialog_sheet() + progress_bar_sheet());
+    dialog->setStyleSheet(vel::dark_style::dialog_sheet());
+    // On the bar itself: through the dialog the main window's sheet would win
+    // and leave the bar's groove in the light platform look.
+    auto* bar = new QProgressBar(dialog);
+    bar->setStyleSheet(progress_bar_sheet());
+    dialog->setBar(bar);
 
     // Plain text: a file name is shown as it is, whatever characters it holds.
     progress_label_ = new QLabel(dialog);
     progress_label_->setTextFormat(Qt::PlainText);
     progress_label_->setFixedWidth(progress_label_width);
+    progress_label_->setContentsMargins(progress_label_margins);
     dialog->setLabel(progress_label_);
 
     auto* cancel = new QPushButton(QCoreApplication::translate("MainWindow", "Cancel"), dialog);
