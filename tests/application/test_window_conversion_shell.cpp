@@ -292,9 +292,6 @@ void test_window_conversion_shell::boxes_and_answers_decide_what_is_written_data
         << answers{QMessageBox::YesToAll, QMessageBox::Yes, QMessageBox::Yes}
         << QStringList{white_balance, calibration, calibration}
         << QStringList{QStringLiteral("wb_cal_1.costyle"), QStringLiteral("wb_cal_2.costyle")} << QStringList();
-    QTest::newRow("Skip ends the preset's turn") << QStringList{QStringLiteral("wb_cal_1.xmp")}
-                                                 << answers{QMessageBox::No} << QStringList{white_balance}
-                                                 << QStringList() << QStringList();
     QTest::newRow("a closed box converts") << QStringList{QStringLiteral("wb.xmp")} << answers{QMessageBox::Cancel}
                                            << QStringList{white_balance} << QStringList{QStringLiteral("wb.costyle")}
                                            << QStringList();
