@@ -47,9 +47,9 @@ QByteArray xmp(const QString& name, const QString& attributes)
 
 // The presets a test may choose: file name -> content. The names tell what
 // each one raises.
-const QList<QPair<QString, QByteArray>>& presets()
+const QMap<QString, QByteArray>& presets()
 {
-    static const QList<QPair<QString, QByteArray>> all = {
+    static const QMap<QString, QByteArray> all = {
         {QStringLiteral("plain.xmp"), xmp(QStringLiteral("Plain"), QString())},
         {QStringLiteral("a.xmp"), xmp(QStringLiteral("A from XMP"), QString())},
         {QStringLiteral("b.xmp"), xmp(QStringLiteral("B"), QString())},
@@ -90,16 +90,9 @@ QString read_text(const QString& path)
 
 QString kind_of(const QMessageBox* box)
 {
-    switch (box->icon()) {
-    case QMessageBox::Question:
+    if (box->icon() == QMessageBox::Question)
         return QStringLiteral("question");
-    case QMessageBox::Critical:
-        return QStringLiteral("critical");
-    case QMessageBox::Warning:
-        return QStringLiteral("warning");
-    default:
-        return QStringLiteral("other");
-    }
+    return box->icon() == QMessageBox::Critical ? QStringLiteral("critical") : QStringLiteral("other");
 }
 
 // Types names into a file dialog's name field and accepts it. The field's
@@ -130,15 +123,6 @@ struct session {
     QStringList save_dialog;  // the same for the style-pack dialog
     QString progress_label;   // the progress dialog's text when it was cancelled
 };
-
-QByteArray preset(const QString& name)
-{
-    for (const auto& [each, content] : presets()) {
-        if (each == name)
-            return content;
-    }
-    return QByteArray();
-}
 
 } // namespace
 
@@ -184,8 +168,8 @@ void test_window_conversion_shell::init()
     input = root->path() + QStringLiteral("/in");
     output = root->path() + QStringLiteral("/out");
     QDir().mkpath(output);
-    for (const auto& [name, content] : presets())
-        write_file(input + QLatin1Char('/') + name, content);
+    for (auto it = presets().cbegin(); it != presets().cend(); ++it)
+        write_file(input + QLatin1Char('/') + it.key(), it.value());
 }
 
 void test_window_conversion_shell::cleanup()
@@ -379,7 +363,7 @@ void test_window_conversion_shell::dropped_files_and_folders_start_a_run()
 {
     const QString folder = root->path() + QStringLiteral("/dropped");
     write_file(folder + QStringLiteral("/deep/inside/x.xmp"), xmp(QStringLiteral("X"), QString()));
-    write_file(folder + QStringLiteral("/y.LRTemplate"), preset(QStringLiteral("a.lrtemplate")));
+    write_file(folder + QStringLiteral("/y.LRTemplate"), presets().value(QStringLiteral("a.lrtemplate")));
     write_file(folder + QStringLiteral("/._y.xmp"), "a companion file, not a preset");
     write_file(folder + QStringLiteral("/readme.txt"), "not a preset");
     make_window(QStringLiteral("separate"));
@@ -404,7 +388,7 @@ void test_window_conversion_shell::progress_dialog_cancel_stops_after_the_curren
     QStringList chosen;
     for (int i = 0; i < count; ++i) {
         const QString name = QStringLiteral("many/%1.xmp").arg(i, 3, 10, QLatin1Char('0'));
-        write_file(input + QLatin1Char('/') + name, preset(QStringLiteral("plain.xmp")));
+        write_file(input + QLatin1Char('/') + name, presets().value(QStringLiteral("plain.xmp")));
         chosen << name;
     }
     make_window(QStringLiteral("separate"));
