@@ -88,8 +88,8 @@ void window_conversion_shell::report_failure(const conversion_failure& failure)
         vel::message_box::warning(window_, failure.title, failure.text, QMessageBox::Ok, QMessageBox::Ok);
         break;
     case failure_kind::write_failed:
-        // No box for a style that could not be written, as users know the
-        // program; the log keeps the reason for whoever looks.
+        // The window never stops a run with a box for a style it could not
+        // write; the reason goes to the log window rather than being lost.
         qWarning().noquote() << failure.title + QStringLiteral(": ") + conversion_messages::plain_text(failure.text);
         break;
     }
