@@ -5,10 +5,14 @@ add_library(stylewright_window STATIC
     ${CMAKE_CURRENT_LIST_DIR}/application_icon.h
     ${CMAKE_CURRENT_LIST_DIR}/dialog_settings.cpp
     ${CMAKE_CURRENT_LIST_DIR}/dialog_settings.h
+    ${CMAKE_CURRENT_LIST_DIR}/dropped_presets.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/dropped_presets.h
     ${CMAKE_CURRENT_LIST_DIR}/main_window.cpp
     ${CMAKE_CURRENT_LIST_DIR}/main_window.h
     ${CMAKE_CURRENT_LIST_DIR}/translation_loader.cpp
     ${CMAKE_CURRENT_LIST_DIR}/translation_loader.h
+    ${CMAKE_CURRENT_LIST_DIR}/window_conversion_shell.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/window_conversion_shell.h
 )
 set_target_properties(stylewright_window PROPERTIES AUTOMOC ON)
 target_link_libraries(stylewright_window PUBLIC stylewright_core vel_toolkit Qt5::Widgets stylewright_compile_settings)

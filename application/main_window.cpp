@@ -1,7 +1,11 @@
 #include "application/main_window.h"
 
+#include "application/conversion_run.h"
 #include "application/dialog_settings.h"
+#include "application/dropped_presets.h"
 #include "application/settings_keys.h"
+#include "application/stylepack_writer.h"
+#include "application/window_conversion_shell.h"
 #include "vel_toolkit/about_dialog.h"
 #include "vel_toolkit/app_nap.h"
 #include "vel_toolkit/dark_button.h"
@@ -16,10 +20,15 @@
 
 #include <QApplication>
 #include <QDebug>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMimeData>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyle>
@@ -27,6 +36,7 @@
 #include <QTextCursor>
 #include <QTextEdit>
 
+#include <algorithm>
 #include <iostream>
 
 namespace {
@@ -106,6 +116,7 @@ MainWindow::MainWindow(QWidget* parent)
     connect(information_shortcut, &QShortcut::activated, this, [this] { vel::information_box::show_modal(this); });
 
     setWindowTitle(QCoreApplication::applicationName());
+    setAcceptDrops(true);
     // Wider is fine, taller only adds empty space.
     setFixedHeight(sizeHint().height());
 }
@@ -226,7 +237,7 @@ void MainWindow::setup_layout()
     open_button->setToolTip(folder_tip);
     connect(open_button, &QPushButton::clicked, this, &MainWindow::on_button_output_folder_clicked);
 
-    auto* convert_button = body->cell(0, 2, new vel::dark_button(QString(), central), 2, 2);
+    convert_button = body->cell(0, 2, new vel::dark_button(QString(), central), 2, 2);
     convert_button->setFixedSize(convert_button_size);
     convert_button->set_icon_path(QStringLiteral(":/images/icon_convert.png"));
     convert_button->setToolTip(tr("Load Lightroom preset(s) and convert to Capture One."));
@@ -279,9 +290,79 @@ QString MainWindow::output_folder() const
 
 void MainWindow::on_button_convert_clicked()
 {
+    const QString start_folder =
+        settings.value(settings_keys::input_dir.key, settings_keys::input_dir.default_value).toString();
+    const QStringList files = QFileDialog::getOpenFileNames(this, tr("Load Lightroom Template"), start_folder,
+                                                            tr("Lightroom Templates(*.lrtemplate *.xmp)"));
+    convert_presets(files);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (converting || !event->mimeData()->hasUrls())
+        return;
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (std::any_of(urls.cbegin(), urls.cend(), [](const QUrl& url) { return url.isLocalFile(); }))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    if (converting)
+        return;
+    const QStringList files = dropped_presets(event->mimeData()->urls());
+    if (files.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // Started from the event loop, not inside the drop: the run opens modal
+    // boxes, and the program the files were dragged from would wait for the
+    // drop to end all that time.
+    QTimer::singleShot(0, this, [this, files] { convert_presets(files); });
+}
+
+void MainWindow::convert_presets(const QStringList& files)
+{
+    if (files.isEmpty() || converting)
+        return;
     // macOS must not nap the program while presets are converted.
     const vel::app_nap_suppressor keep_awake(QStringLiteral("Converting Lightroom presets"));
-    qDebug() << "Convert button clicked";
+    settings.setValue(settings_keys::input_dir.key, QFileInfo(files.first()).absolutePath());
+
+    conversion_options options;
+    options.format = settings.value(QStringLiteral("format"), QStringLiteral("separate")).toString();
+
+    converting = true;
+    convert_button->setEnabled(false);
+    const auto run_over = qScopeGuard([this] {
+        convert_button->setEnabled(true);
+        converting = false;
+    });
+
+    conversion_result result;
+    {
+        window_conversion_shell shell(this, settings);
+        result = run_conversion(files, options, shell);
+    }
+    qInfo().noquote() << QStringLiteral("Conversion run: %1 converted, %2 skipped, %3 failed%4")
+                             .arg(result.converted)
+                             .arg(result.skipped)
+                             .arg(result.failed)
+                             .arg(result.cancelled ? QStringLiteral(", cancelled") : QString());
+    save_stylepack(result.pack_entries, options.format == QLatin1String("stylepack_category"));
+}
+
+void MainWindow::save_stylepack(const QMap<QString, QString>& entries, bool with_category)
+{
+    if (entries.isEmpty())
+        return;
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Name Capture One Stylepack"), output_folder() + QLatin1Char('/'),
+                                     tr("Capture One Stylepack(*.costylepack)"));
+    // Cancelled: the styles were only collected, so the run leaves nothing behind.
+    if (path.isEmpty())
+        return;
+    // Failures are warning lines in the log; the user sees no box for them.
+    write_stylepack(path, entries, with_category);
 }
 
 void MainWindow::on_button_output_folder_clicked()

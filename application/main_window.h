@@ -2,30 +2,41 @@
 
 #include <QFont>
 #include <QMainWindow>
+#include <QMap>
 #include <QSettings>
+#include <QStringList>
 #include <QTimer>
 
 #include <memory>
 #include <sstream>
 #include <streambuf>
 
+class QDragEnterEvent;
+class QDropEvent;
 class QGridLayout;
 class QTextEdit;
 
 namespace vel {
+class dark_button;
 class line_edit;
 }
 
 // The program's one working window: the header with settings, about and
 // help, the output-folder row and the convert button. It also owns the
 // "Application Log" window, which shows everything written to the standard
-// streams while the main window exists.
+// streams while the main window exists. Presets come through the convert
+// button or are dropped onto the window; either way one conversion run takes
+// them, and only one runs at a time.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private slots:
     void on_button_convert_clicked();
@@ -43,6 +54,8 @@ private:
     void move_log_text_to_window();
     void append_pending_log_text();
     QString output_folder() const;
+    void convert_presets(const QStringList& files);
+    void save_stylepack(const QMap<QString, QString>& entries, bool with_category);
 
     // Declared first: constructed before anything can log, destroyed last.
     std::stringstream log_stream;
@@ -56,4 +69,8 @@ private:
     std::unique_ptr<QTextEdit> log_window;
     QTimer log_timer;
     vel::line_edit* output_folder_field = nullptr;
+    vel::dark_button* convert_button = nullptr;
+    // Set while a conversion run goes on: its progress reports let events
+    // through, and none of them may start a second run inside the first.
+    bool converting = false;
 };

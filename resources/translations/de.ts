@@ -111,6 +111,36 @@
         <source>The style %1 could not be written.&lt;br/&gt;%2</source>
         <translation>Der Stil %1 konnte nicht gespeichert werden.&lt;br/&gt;%2</translation>
     </message>
+    <message>
+        <source>Load Lightroom Template</source>
+        <translation>Lightroom-Vorlage laden</translation>
+    </message>
+    <message>
+        <source>Lightroom Templates(*.lrtemplate *.xmp)</source>
+        <translation>Lightroom-Vorlagen(*.lrtemplate *.xmp)</translation>
+    </message>
+    <message>
+        <source>Name Capture One Stylepack</source>
+        <translation>Capture-One-Stilpaket benennen</translation>
+    </message>
+    <message>
+        <source>Capture One Stylepack(*.costylepack)</source>
+        <translation>Capture-One-Stilpaket(*.costylepack)</translation>
+    </message>
+    <message>
+        <source>Converting presets</source>
+        <translation>Presets werden konvertiert</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Converting preset %1 of %2:
+%3</source>
+        <translation>Preset %1 von %2 wird konvertiert:
+%3</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>

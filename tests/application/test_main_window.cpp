@@ -49,7 +49,7 @@ private slots:
     void about_button_opens_the_about_box();
     void help_button_opens_the_help_page_of_the_language();
     void language_change_in_settings_asks_for_a_restart();
-    void convert_button_reaches_its_slot();
+    void cancelled_preset_dialog_changes_nothing();
 
 private:
     void make_window();
@@ -374,11 +374,18 @@ void test_main_window::language_change_in_settings_asks_for_a_restart()
     QVERIFY(window->isVisible());
 }
 
-void test_main_window::convert_button_reaches_its_slot()
+void test_main_window::cancelled_preset_dialog_changes_nothing()
 {
-    make_window();
-    QTest::ignoreMessage(QtDebugMsg, "Convert button clicked");
+    open_window();
+    QString caption;
+    gui_test::modal_answer answer([&](QWidget* dialog) {
+        caption = dialog->windowTitle();
+        static_cast<QDialog*>(dialog)->reject();
+    });
     button_with_tip(QStringLiteral("Load Lightroom preset(s) and convert to Capture One."))->click();
+    QVERIFY(answer.answered());
+    QCOMPARE(caption, QStringLiteral("Load Lightroom Template"));
+    QVERIFY(!QSettings().contains(settings_keys::input_dir.key));
 }
 
 STYLEWRIGHT_GUI_TEST_MAIN(test_main_window)
