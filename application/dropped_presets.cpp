@@ -1,31 +1,8 @@
 #include "application/dropped_presets.h"
 
-#include "application/preset_reading.h"
+#include "application/preset_folder.h"
 
-#include <QDirIterator>
 #include <QFileInfo>
-
-#include <algorithm>
-
-namespace {
-
-QStringList presets_in_folder(const QString& folder)
-{
-    QStringList found;
-    // Without QDir::Hidden the walk leaves out hidden files and folders, such as
-    // the "._" companions macOS puts beside every preset of an archive: they
-    // carry a preset's suffix but hold no preset.
-    QDirIterator it(folder, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (preset_format_of(path) != preset_format::unsupported)
-            found.append(path);
-    }
-    std::sort(found.begin(), found.end());
-    return found;
-}
-
-} // namespace
 
 QStringList dropped_presets(const QList<QUrl>& urls)
 {

@@ -1,28 +1,8 @@
 #include "cli/preset_search.h"
 
-#include "application/preset_reading.h"
+#include "application/preset_folder.h"
 
-#include <QDirIterator>
 #include <QFileInfo>
-
-#include <algorithm>
-
-namespace {
-
-QStringList presets_in_folder(const QString& folder)
-{
-    QStringList found;
-    QDirIterator it(folder, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (preset_format_of(path) != preset_format::unsupported)
-            found.append(path);
-    }
-    std::sort(found.begin(), found.end());
-    return found;
-}
-
-} // namespace
 
 QVector<input_file> find_presets(const QStringList& arguments, QStringList& empty_folders)
 {
