@@ -1,56 +1,56 @@
 #pragma once
 
-#include "conversion/qt_printing.h"
-
 #include <QDir>
 #include <QFile>
 #include <QMap>
 #include <QString>
 
+#include <functional>
+#include <ostream>
+#include <signal.h>
+#include <sys/resource.h>
+
+// Readable failure messages for Qt strings in GoogleTest assertions.
+QT_BEGIN_NAMESPACE
+inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QByteArray& bytes, std::ostream* os) { *os << '"' << bytes.toStdString() << '"'; }
+QT_END_NAMESPACE
+
 // Small preset files written on the fly, for tests that run whole conversions.
 namespace preset_fixtures {
 
-// An XMP preset whose crs attributes are settings, with the title name.
-inline QByteArray xmp_text(const QString& name, const QMap<QString, QString>& settings)
+using settings_map = QMap<QString, QString>;
+
+inline QByteArray xmp_text(const QString& name, const settings_map& settings)
 {
     QString attributes;
     for (auto it = settings.cbegin(); it != settings.cend(); ++it)
-        attributes += QStringLiteral("\n    crs:%1=\"%2\"").arg(it.key(), it.value().toHtmlEscaped());
-    return QStringLiteral("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-                          " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-                          "  <rdf:Description rdf:about=\"\"\n"
-                          "    xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"%1>\n"
-                          "   <crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">%2</rdf:li></rdf:Alt></crs:Name>\n"
-                          "  </rdf:Description>\n"
-                          " </rdf:RDF>\n"
-                          "</x:xmpmeta>\n")
+        attributes += QStringLiteral(" crs:%1=\"%2\"").arg(it.key(), it.value().toHtmlEscaped());
+    return QStringLiteral("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">"
+                          "<rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
+                          "<rdf:Description xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\"%1>\n"
+                          "<crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">%2</rdf:li></rdf:Alt></crs:Name>\n"
+                          "</rdf:Description></rdf:RDF></x:xmpmeta>\n")
         .arg(attributes, name.toHtmlEscaped())
         .toUtf8();
 }
 
-// A template in the nested form with the given title and settings.
-inline QByteArray lrtemplate_text(const QString& title, const QMap<QString, QString>& settings)
+// A template in the nested form.
+inline QByteArray lrtemplate_text(const QString& title, const settings_map& settings)
 {
     QString entries;
     for (auto it = settings.cbegin(); it != settings.cend(); ++it)
-        entries += QStringLiteral("\t\t\t%1 = %2,\n").arg(it.key(), it.value());
-    return QStringLiteral("s = {\n"
-                          "\ttitle = \"%1\",\n"
-                          "\ttype = \"Develop\",\n"
-                          "\tvalue = {\n"
-                          "\t\tsettings = {\n"
-                          "%2"
-                          "\t\t},\n"
-                          "\t},\n"
-                          "\tversion = 0,\n"
-                          "}\n")
+        entries += QStringLiteral("%1 = %2,\n").arg(it.key(), it.value());
+    return QStringLiteral("s = {\ntitle = \"%1\",\ntype = \"Develop\",\nvalue = {\nsettings = {\n%2},\n},\n"
+                          "version = 0,\n}\n")
         .arg(title, entries)
         .toUtf8();
 }
 
-inline QString write_file(const QDir& dir, const QString& file_name, const QByteArray& bytes)
+inline QString write_file(const QString& folder, const QString& file_name, const QByteArray& bytes)
 {
-    const QString path = dir.filePath(file_name);
+    const QString path = QDir(folder).filePath(file_name);
+    QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     if (file.open(QIODevice::WriteOnly))
         file.write(bytes);
@@ -63,40 +63,36 @@ inline QByteArray read_file(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Settings that raise each flag of the compatibility check.
-inline QMap<QString, QString> white_balance()
+// Settings that raise the compatibility check's flags, named by the words of
+// flags ("wb", "lut", "dehaze", "cal"; "colourful" makes a style over a
+// kilobyte); no word gives a plain exposure change.
+inline settings_map flagged(const QString& flags = QString())
 {
-    return {{QStringLiteral("Temperature"), QStringLiteral("5000")}};
-}
-inline QMap<QString, QString> dehaze()
-{
-    return {{QStringLiteral("Dehaze"), QStringLiteral("12")}};
-}
-inline QMap<QString, QString> lut()
-{
-    return {{QStringLiteral("RGBTable"), QStringLiteral("ABC")}};
-}
-inline QMap<QString, QString> calibration()
-{
-    return {{QStringLiteral("RedHue"), QStringLiteral("10")}};
-}
-// Per-hue adjustments make the longest styles (over a kilobyte).
-inline QMap<QString, QString> colourful()
-{
-    return {{QStringLiteral("HueAdjustmentRed"), QStringLiteral("10")},
-            {QStringLiteral("SaturationAdjustmentBlue"), QStringLiteral("-20")}};
-}
-inline QMap<QString, QString> plain()
-{
-    return {{QStringLiteral("Exposure2012"), QStringLiteral("0.50")}};
+    static const QMap<QString, settings_map> parts = {
+        {"wb", {{"Temperature", "5000"}}},
+        {"lut", {{"RGBTable", "ABC"}}},
+        {"dehaze", {{"Dehaze", "12"}}},
+        {"cal", {{"RedHue", "10"}}},
+        {"colourful", {{"HueAdjustmentRed", "10"}, {"SaturationAdjustmentBlue", "-20"}}}};
+    settings_map all = {{"Exposure2012", "0.50"}};
+    for (const QString& flag : flags.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        all.insert(parts.value(flag));
+    return all;
 }
 
-inline QMap<QString, QString> merged(std::initializer_list<QMap<QString, QString>> parts)
+// Runs work under a file-size limit, with the limit's signal ignored so that a
+// write beyond it fails with an error whoever runs the test.
+inline void with_file_size_limit(rlim_t bytes, const std::function<void()>& work)
 {
-    QMap<QString, QString> all;
-    for (const auto& part : parts)
-        all.insert(part);
-    return all;
+    rlimit saved{};
+    getrlimit(RLIMIT_FSIZE, &saved);
+    rlimit tiny = saved;
+    tiny.rlim_cur = bytes;
+    auto* previous_handler = signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &tiny);
+    work();
+    setrlimit(RLIMIT_FSIZE, &saved);
+    signal(SIGXFSZ, previous_handler);
 }
 
 } // namespace preset_fixtures

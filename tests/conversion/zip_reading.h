@@ -1,31 +1,20 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPair>
 #include <QString>
-#include <QStringList>
 #include <QVector>
 
 #include <zip.h>
 
-// Reading archives back in tests: entry names and data through libzip, and the
-// general-purpose flags straight from the central directory, where libzip keeps
-// the UTF-8 name flag out of sight.
+// Reads an archive back: entry names and data, in archive order, through libzip.
 namespace zip_reading {
 
-struct entry {
-    QString name;
-    QByteArray data;
-};
-
-inline QVector<entry> entries(const QString& path)
+inline QVector<QPair<QString, QByteArray>> entries(const QString& path)
 {
-    QVector<entry> result;
-    int error = 0;
-    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_RDONLY, &error);
-    if (archive == nullptr)
-        return result;
-    const zip_int64_t count = zip_get_num_entries(archive, 0);
-    for (zip_int64_t i = 0; i < count; ++i) {
+    QVector<QPair<QString, QByteArray>> result;
+    zip_t* archive = zip_open(path.toUtf8().constData(), ZIP_RDONLY, nullptr);
+    for (zip_int64_t i = 0; archive != nullptr && i < zip_get_num_entries(archive, 0); ++i) {
         zip_stat_t stat;
         zip_stat_index(archive, zip_uint64_t(i), 0, &stat);
         QByteArray data(int(stat.size), '\0');
@@ -35,33 +24,31 @@ inline QVector<entry> entries(const QString& path)
         }
         result.append({QString::fromUtf8(zip_get_name(archive, zip_uint64_t(i), ZIP_FL_ENC_RAW)), data});
     }
-    zip_discard(archive);
+    if (archive != nullptr)
+        zip_discard(archive);
     return result;
 }
 
 inline QStringList names(const QString& path)
 {
     QStringList result;
-    for (const entry& e : entries(path))
-        result.append(e.name);
+    for (const auto& entry : entries(path))
+        result.append(entry.first);
     return result;
 }
 
-// General-purpose bit flags of every central directory record, in order.
-inline QVector<quint16> central_flags(const QByteArray& archive)
+// Whether every central directory record whose name goes beyond ASCII
+// carries the UTF-8 name flag (bit 11), which libzip keeps out of sight.
+inline bool names_flagged_utf8(const QByteArray& archive)
 {
     static const QByteArray signature("PK\x01\x02", 4);
-    QVector<quint16> flags;
-    for (int at = archive.indexOf(signature); at >= 0 && at + 10 <= archive.size();
+    for (int at = archive.indexOf(signature); at >= 0 && at + 46 <= archive.size();
          at = archive.indexOf(signature, at + 4)) {
-        const auto low = quint8(archive.at(at + 8));
-        const auto high = quint8(archive.at(at + 9));
-        flags.append(quint16(low | (high << 8)));
+        const QByteArray name = archive.mid(at + 46, quint8(archive.at(at + 28)) | quint8(archive.at(at + 29)) << 8);
+        if (QString::fromLatin1(name).toUtf8() != name && (quint8(archive.at(at + 9)) & 0x08) == 0)
+            return false;
     }
-    return flags;
+    return true;
 }
-
-// Bit 11: the entry's name is UTF-8.
-constexpr quint16 utf8_name_flag = 0x0800;
 
 } // namespace zip_reading
