@@ -1,5 +1,5 @@
 #include "application/conversion_messages.h"
-#include "conversion/preset_fixtures.h"
+#include "conversion/conversion_fixtures.h"
 
 #include <gtest/gtest.h>
 
