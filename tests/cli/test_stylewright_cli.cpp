@@ -42,7 +42,10 @@ protected:
         initial = made_files();
     }
     // The converter reads and writes no stored settings.
-    void TearDown() override { EXPECT_TRUE(QDir(home.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)); }
+    void TearDown() override
+    {
+        EXPECT_TRUE(QDir(home.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    }
 
     cli_result run_command(const QStringList& command) const
     {
@@ -259,9 +262,11 @@ TEST_F(stylewright_cli, inspect_prints_each_preset_as_json_and_writes_nothing)
     EXPECT_EQ(warm["name"], "Warm");
     EXPECT_EQ(warm["settings"].toObject(), (QJsonObject{{"Exposure2012", "0.50"}, {"Temperature", "5000"},
                                                         {"Dehaze", "12"}, {"Texture", "25"}}));
-    EXPECT_EQ(warm["curves"].toObject(), (QJsonObject{{"tone_curve", QJsonArray{QJsonArray{0, 0}, QJsonArray{255, 240}}},
-                                                      {"tone_curve_red", QJsonArray()}, {"tone_curve_green", QJsonArray()},
-                                                      {"tone_curve_blue", QJsonArray()}}));
+    EXPECT_EQ(warm["curves"].toObject(),
+              (QJsonObject{{"tone_curve", QJsonArray{QJsonArray{0, 0}, QJsonArray{255, 240}}},
+                           {"tone_curve_red", QJsonArray()},
+                           {"tone_curve_green", QJsonArray()},
+                           {"tone_curve_blue", QJsonArray()}}));
     EXPECT_EQ(warm["flags"].toObject(), (QJsonObject{{"white_balance", true}, {"dehaze", true}, {"lut", false},
                                                      {"camera_calibration", false}}));
     EXPECT_TRUE(warm["not_carried_over"].toArray().contains("Texture"));

@@ -4,10 +4,7 @@
 #include <QFile>
 #include <QMap>
 
-#include <functional>
 #include <ostream>
-#include <signal.h>
-#include <sys/resource.h>
 #include <zip.h>
 
 // Readable Qt strings in GoogleTest's failure messages and traces.
@@ -69,21 +66,6 @@ inline QByteArray read_file(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Runs work under a file-size limit, with the limit's signal ignored so that a
-// write beyond it fails with an error, whoever runs the test.
-inline void with_file_size_limit(rlim_t bytes, const std::function<void()>& work)
-{
-    rlimit saved{};
-    getrlimit(RLIMIT_FSIZE, &saved);
-    rlimit tiny = saved;
-    tiny.rlim_cur = bytes;
-    auto* previous_handler = signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &tiny);
-    work();
-    setrlimit(RLIMIT_FSIZE, &saved);
-    signal(SIGXFSZ, previous_handler);
 }
 
 // An archive's entries in archive order, as "name" or "name: data".

@@ -93,12 +93,14 @@ TEST(conversion_run, reads_by_suffix_names_by_base_name_and_goes_on_after_failur
 TEST(conversion_run, questions_follow_the_flags_in_order_and_name_the_preset)
 {
     conversion_bench b;
-    const QStringList files = {b.preset("all.xmp", "Everything", "wb dehaze lut cal"), b.preset("haze.xmp", "Haze", "dehaze")};
+    const QStringList files = {b.preset("all.xmp", "Everything", "wb dehaze lut cal"),
+                               b.preset("haze.xmp", "Haze", "dehaze")};
     b.run(files);
 
     EXPECT_EQ(b.asked(files), "0:wb 0:unsupported 0:cal 1:unsupported");
     for (const auto& question : b.questions) {
-        EXPECT_TRUE(question.text.contains(conversion_messages::wrap_name(question.file == files[0] ? "Everything" : "Haze")));
+        const QString name = question.file == files[0] ? "Everything" : "Haze";
+        EXPECT_TRUE(question.text.contains(conversion_messages::wrap_name(name)));
         EXPECT_EQ(question.labels.skip_all, "Skip All");
     }
     EXPECT_TRUE(b.questions.at(1).text.contains(":<br/>- LUT<br/>- Dehaze<br/><br/>"));
@@ -120,8 +122,8 @@ TEST(conversion_run, answers_are_remembered_by_the_rules_of_the_run)
         {"a skip is not remembered", {{question::white_balance, answer::skip}}, {"wb", "wb"}, "0:wb 1:wb", {}},
         {"Skip All skips before any question",
          {{question::white_balance, answer::skip_all}}, {"wb", "wb cal", "cal"}, "0:wb 2:cal", {"p2.costyle"}},
-        {"Skip All covers LUT and Dehaze",
-         {{question::unsupported_parameters, answer::skip_all}}, {"lut", "dehaze", ""}, "0:unsupported", {"p2.costyle"}},
+        {"Skip All covers LUT and Dehaze", {{question::unsupported_parameters, answer::skip_all}},
+         {"lut", "dehaze", ""}, "0:unsupported", {"p2.costyle"}},
         {"Skip All on calibration",
          {{question::camera_calibration, answer::skip_all}}, {"cal", "wb cal", "wb"}, "0:cal 2:wb", {"p2.costyle"}},
         {"Convert All silences only its own question", {{question::white_balance, answer::convert_all}},

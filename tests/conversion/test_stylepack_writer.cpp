@@ -21,9 +21,10 @@ QStringList write_pack(const QString& path, const settings_map& styles, bool cat
     if (!existing.isEmpty())
         write_file(dir.path(), path, existing);
     logged.clear();
-    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& message) {
+    const auto log = [](QtMsgType type, const QMessageLogContext&, const QString& message) {
         logged << (type == QtDebugMsg ? "debug: " : type == QtWarningMsg ? "warning: " : "other: ") + message;
-    });
+    };
+    const QtMessageHandler previous = qInstallMessageHandler(log);
     EXPECT_EQ(write_stylepack(dir.filePath(path), styles, category), expected_result);
     qInstallMessageHandler(previous);
     EXPECT_EQ(read_file(dir.filePath("plain")), "x");
@@ -63,7 +64,8 @@ TEST(stylepack_writer, entries_are_named_in_name_order_and_replace_what_was_ther
         {"Farbtöne", true, {{"b.costyle", "<b/>"}, {"Zürich.costyle", "<z/>"}, {"Café.costyle", "<é/>"}}, {},
          {"Farbtöne", "folder", "plain", "Farbtöne/Café.costyle: <é/>", "Farbtöne/Zürich.costyle: <z/>",
           "Farbtöne/b.costyle: <b/>", "debug: Key 0: 'Café.costyle' -> 'Farbtöne/Café.costyle'",
-          "debug: Key 1: 'Zürich.costyle' -> 'Farbtöne/Zürich.costyle'", "debug: Key 2: 'b.costyle' -> 'Farbtöne/b.costyle'"}},
+          "debug: Key 1: 'Zürich.costyle' -> 'Farbtöne/Zürich.costyle'",
+          "debug: Key 2: 'b.costyle' -> 'Farbtöne/b.costyle'"}},
         {"x", false, {{"a.costyle", "<a/>"}}, old_pack,
          {"folder", "plain", "x", "a.costyle: <a/>", "debug: Key 0: 'a.costyle' -> 'a.costyle'"}},
         {"x", false, {{"a.costyle", "<a/>"}}, "not a zip",

@@ -6,19 +6,15 @@
 
 #include <QLabel>
 #include <QSettings>
-#include <QSysInfo>
-
-#include <zip.h>
-#include <zlib.h>
 
 namespace {
 
-QString label_texts(const QWidget& window)
+QStringList label_texts(const QWidget& window)
 {
     QStringList texts;
     for (const QLabel* label : window.findChildren<QLabel*>())
         texts << label->text();
-    return texts.join('\n');
+    return texts;
 }
 
 } // namespace
@@ -27,52 +23,43 @@ class test_information_box : public QObject {
     Q_OBJECT
 
 private slots:
-    void rows_name_program_libraries_system_and_settings()
+    void support_information_is_shown_and_copied_one_row_a_line()
     {
+        const vel::information_box box;
+        QCOMPARE(box.windowTitle(), QString("Application Information"));
         QStringList labels;
-        QStringList values;
-        QStringList report;
+        QString report;
         for (const auto& [label, value] : vel::information_box::rows()) {
+            QVERIFY2(label_texts(box).contains(label) && label_texts(box).contains(value), qPrintable(label));
             labels << label;
-            values << value;
-            report << label + ": " + value;
+            report += label + ": " + value + '\n';
         }
         QCOMPARE(labels, QStringList({"Program", "Version", "Qt", "libzip", "zlib", "Operating system", "Processor",
                                       "Processor features", "Settings file"}));
-        const QStringList features = vel::processor_features();
-        QCOMPARE(values.mid(0, 2) + values.mid(3, 2) + values.mid(7),
-                 QStringList({"Stylewright", "1.0.8", zip_libzip_version(), zlibVersion(),
-                              features.isEmpty() ? "none detected" : features.join(' '), QSettings().fileName()}));
-        QVERIFY(values[2].startsWith(qVersion()));
-        QVERIFY(values[5].contains(QSysInfo::currentCpuArchitecture()));
-        QVERIFY(!values[6].isEmpty());
+        QCOMPARE(vel::information_box::report_text(), report);
+        QVERIFY(report.startsWith("Program: Stylewright\nVersion: 1.0.8\n"));
+        QVERIFY(report.endsWith("\nSettings file: " + QSettings().fileName() + '\n'));
 #if defined(Q_PROCESSOR_X86_64)
         // Every x86-64 processor has SSE2.
-        QVERIFY(features.contains("sse2"));
+        QVERIFY(vel::processor_features().contains("sse2"));
 #endif
-        QCOMPARE(vel::information_box::report_text(), report.join('\n') + '\n');
     }
 
-    void boxes_show_the_rows_and_the_libraries_with_their_licences()
+    void about_box_names_the_libraries_with_their_licences()
     {
-        vel::information_box box;
-        QCOMPARE(box.windowTitle(), QString("Application Information"));
-        const QStringList shown = label_texts(box).split('\n');
-        for (const auto& [label, value] : vel::information_box::rows())
-            QVERIFY2(shown.contains(label) && shown.contains(value), qPrintable(label));
-
+        const vel::about_dialog about;
+        QCOMPARE(about.windowTitle(), QString("About Stylewright"));
+        const QString shown = label_texts(about).join('\n');
         QStringList names;
         for (const vel::library_info& library : vel::default_libraries()) {
             names << library.name;
-            QVERIFY2(!library.version.isEmpty() && !library.licence.isEmpty(), qPrintable(library.name));
+            QVERIFY2(shown.contains(library.version) && shown.contains(library.licence), qPrintable(library.name));
         }
         QCOMPARE(names, QStringList({"Qt", "libzip", "zlib", "FreeSans fonts"}));
-        vel::about_dialog about;
-        QCOMPARE(about.windowTitle(), QString("About Stylewright"));
         for (const char* text : {"GNU Lesser General Public License v3", "BSD 3-Clause License", "zlib License",
-                                 "GNU General Public License v3 with font exception", zlibVersion(),
-                                 "support@quillmark.example", "www.quillmark.example"})
-            QVERIFY2(label_texts(about).contains(text), text);
+                                 "GNU General Public License v3 with font exception", "support@quillmark.example",
+                                 "www.quillmark.example"})
+            QVERIFY2(shown.contains(text), text);
     }
 };
 

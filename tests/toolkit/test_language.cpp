@@ -25,27 +25,6 @@ int print_language_suffix(int argc, char** argv)
 class test_language : public QObject {
     Q_OBJECT
 
-    // Runs the restart check in an event loop of its own; tells whether it asked the application to quit.
-    static bool restart_check_quits(const QString& previous_suffix)
-    {
-        QEventLoop loop;
-        bool quit_requested = false;
-        QTimer::singleShot(0, &loop, [&] {
-            vel::ask_for_application_restart_if_language_changed(nullptr, previous_suffix);
-            // quit() ends every running event loop, this one included.
-            quit_requested = !loop.isRunning();
-            loop.exit();
-        });
-        loop.exec();
-        if (quit_requested) {
-            // A quit request makes every later event loop return at once; a full
-            // run of the application's loop clears it.
-            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-            QCoreApplication::exec();
-        }
-        return quit_requested;
-    }
-
 private slots:
     void init() { QSettings().clear(); }
 
@@ -111,7 +90,15 @@ private slots:
             else
                 box->button(QMessageBox::StandardButton(answer))->click();
         });
-        QCOMPARE(restart_check_quits(previous), quits);
+        vel::ask_for_application_restart_if_language_changed(nullptr, previous);
+        // A quit request makes the next event loop return at once, with -1.
+        QEventLoop probe;
+        QTimer::singleShot(0, &probe, [&] { probe.exit(0); });
+        QCOMPARE(probe.exec() == -1, quits);
+        // A full run of the application's loop clears the request.
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
+
         QCOMPARE(reply.seen, answer >= 0);
         if (reply.seen)
             QCOMPARE(shown, QStringList({"Application language changed",

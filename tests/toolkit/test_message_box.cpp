@@ -51,9 +51,10 @@ private slots:
     {
         using box_function = QMessageBox::StandardButton (*)(QWidget*, const QString&, const QString&,
                                                              QMessageBox::StandardButtons, QMessageBox::StandardButton);
-        const QList<QPair<box_function, QMessageBox::Icon>> boxes = {{&message_box::information, QMessageBox::Information},
-                                                                     {&message_box::warning, QMessageBox::Warning},
-                                                                     {&message_box::critical, QMessageBox::Critical}};
+        const QList<QPair<box_function, QMessageBox::Icon>> boxes = {
+            {&message_box::information, QMessageBox::Information},
+            {&message_box::warning, QMessageBox::Warning},
+            {&message_box::critical, QMessageBox::Critical}};
         for (const auto& [show, icon] : boxes) {
             QStringList shown;
             gui_test::modal_answer answer([&](QWidget* widget) {

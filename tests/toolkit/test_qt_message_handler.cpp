@@ -36,65 +36,45 @@ private slots:
     }
     void cleanup() { qInstallMessageHandler(framework_handler); }
 
-    void lines_carry_the_level_and_the_context_when_asked_data()
+    void each_level_has_its_line_and_stream_data()
     {
         QTest::addColumn<int>("level");
         QTest::addColumn<bool>("with_context");
         QTest::addColumn<bool>("located");
         QTest::addColumn<QString>("line");
-        QTest::newRow("with context") << int(QtWarningMsg) << true << true
-                                      << "Warning: text (main_window.cpp:42, void MainWindow::setup_layout())";
-        QTest::newRow("without context") << int(QtWarningMsg) << false << true << "Warning: text";
+        QTest::addColumn<bool>("to_error");
         // Release builds log without a source position.
-        QTest::newRow("empty context") << int(QtDebugMsg) << true << false << "Debug: text (:0, )";
-        QTest::newRow("critical") << int(QtCriticalMsg) << false << false << "Critical: text";
-        QTest::newRow("fatal") << int(QtFatalMsg) << false << false << "Fatal: text";
+        QTest::newRow("debug") << int(QtDebugMsg) << true << false << "Debug: über (:0, )" << false;
+        QTest::newRow("info") << int(QtInfoMsg) << false << true << "Info: über" << false;
+        QTest::newRow("warning") << int(QtWarningMsg) << true << true
+                                 << "Warning: über (main_window.cpp:42, void MainWindow::setup_layout())" << false;
+        QTest::newRow("critical") << int(QtCriticalMsg) << false << true << "Critical: über" << true;
+        QTest::newRow("fatal") << int(QtFatalMsg) << false << false << "Fatal: über" << true;
     }
-    void lines_carry_the_level_and_the_context_when_asked()
+    void each_level_has_its_line_and_stream()
     {
         QFETCH(int, level);
         QFETCH(bool, with_context);
         QFETCH(bool, located);
         QFETCH(QString, line);
+        QFETCH(bool, to_error);
         const QMessageLogContext position("main_window.cpp", 42, "void MainWindow::setup_layout()", "default");
         const QMessageLogContext none;
-        QCOMPARE(vel::format_log_line(QtMsgType(level), located ? position : none, "text", with_context), line);
+        const QMessageLogContext& context = located ? position : none;
+        QCOMPARE(vel::format_log_line(QtMsgType(level), context, "über", with_context), line);
+        if (level == QtFatalMsg)
+            return;
+        captured_streams streams;
+        vel::install_qt_message_handler(true, with_context);
+        qt_message_output(QtMsgType(level), context, "über");
+        QCOMPARE(QString::fromStdString((to_error ? streams.error : streams.output).str()), line + '\n');
+        QVERIFY((to_error ? streams.output : streams.error).str().empty());
     }
 
-    void each_level_goes_to_its_stream_data()
+    void removing_restores_the_default_handler()
     {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QString>("output");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("debug") << int(QtDebugMsg) << "Debug: über 1\n" << "";
-        QTest::newRow("info") << int(QtInfoMsg) << "Info: über 1\n" << "";
-        QTest::newRow("warning") << int(QtWarningMsg) << "Warning: über 1\n" << "";
-        QTest::newRow("critical") << int(QtCriticalMsg) << "" << "Critical: über 1\n";
-    }
-    void each_level_goes_to_its_stream()
-    {
-        QFETCH(int, level);
-        QFETCH(QString, output);
-        QFETCH(QString, error);
         captured_streams streams;
         vel::install_qt_message_handler(true, false);
-        qt_message_output(QtMsgType(level), QMessageLogContext(), QStringLiteral("über %1").arg(1));
-        QCOMPARE(QString::fromStdString(streams.output.str()), output);
-        QCOMPARE(QString::fromStdString(streams.error.str()), error);
-    }
-
-    void installed_handler_gives_the_position_when_asked_and_can_be_removed()
-    {
-        captured_streams streams;
-        vel::install_qt_message_handler(true, true);
-        const int line = __LINE__ + 1;
-        qInfo("located");
-        const QString written = QString::fromStdString(streams.output.str());
-        QVERIFY2(written.startsWith("Info: located (") &&
-                     written.contains(QStringLiteral("test_qt_message_handler.cpp:%1, ").arg(line)) &&
-                     written.contains("installed_handler_gives_the_position_when_asked_and_can_be_removed"),
-                 qPrintable(written));
-        streams.output.str("");
         vel::install_qt_message_handler(false, false);
         // Qt's default handler writes to the process's standard error, not through std::cerr.
         qWarning("expected on standard error: written by the default handler");
