@@ -60,12 +60,14 @@ TEST(stylepack_writer, entries_are_named_in_name_order_and_replace_what_was_ther
         // Used as given: no suffix is added.
         {"Pack", true, {{"a.costyle", "<a/>"}}, {},
          {"Pack", "folder", "plain", "Pack/a.costyle: <a/>", "debug: Key 0: 'a.costyle' -> 'Pack/a.costyle'"}},
-        // Plain order of the names' code units, not the user's collation; UTF-8 names and data.
-        {"Farbtöne", true, {{"b.costyle", "<b/>"}, {"Zürich.costyle", "<z/>"}, {"Café.costyle", "<é/>"}}, {},
-         {"Farbtöne", "folder", "plain", "Farbtöne/Café.costyle: <é/>", "Farbtöne/Zürich.costyle: <z/>",
-          "Farbtöne/b.costyle: <b/>", "debug: Key 0: 'Café.costyle' -> 'Farbtöne/Café.costyle'",
-          "debug: Key 1: 'Zürich.costyle' -> 'Farbtöne/Zürich.costyle'",
-          "debug: Key 2: 'b.costyle' -> 'Farbtöne/b.costyle'"}},
+        // Plain order of the names' code units, not the user's collation; UTF-8 names and data;
+        // the folder is the complete base name.
+        {"Töne.v2.costylepack", true, {{"b.costyle", "<b/>"}, {"Zürich.costyle", "<z/>"}, {"Café.costyle", "<é/>"}},
+         {},
+         {"Töne.v2.costylepack", "folder", "plain", "Töne.v2/Café.costyle: <é/>", "Töne.v2/Zürich.costyle: <z/>",
+          "Töne.v2/b.costyle: <b/>", "debug: Key 0: 'Café.costyle' -> 'Töne.v2/Café.costyle'",
+          "debug: Key 1: 'Zürich.costyle' -> 'Töne.v2/Zürich.costyle'",
+          "debug: Key 2: 'b.costyle' -> 'Töne.v2/b.costyle'"}},
         {"x", false, {{"a.costyle", "<a/>"}}, old_pack,
          {"folder", "plain", "x", "a.costyle: <a/>", "debug: Key 0: 'a.costyle' -> 'a.costyle'"}},
         {"x", false, {{"a.costyle", "<a/>"}}, "not a zip",

@@ -31,8 +31,11 @@ private slots:
             auto* box = static_cast<QMessageBox*>(widget);
             for (auto which : {QMessageBox::Yes, QMessageBox::No, QMessageBox::YesToAll, QMessageBox::NoToAll})
                 shown << box->button(which)->text();
+            int visible = 0;
+            for (const QAbstractButton* button : box->buttons())
+                visible += button->isVisible();
             shown << box->defaultButton()->text() << box->text() << QString::number(box->icon())
-                  << QString::number(box->button(QMessageBox::Cancel)->isVisible());
+                  << QString::number(visible);
             if (action == 0)
                 box->close();
             else if (action < 0)
@@ -44,7 +47,7 @@ private slots:
                                            "Convert All", "Skip All", QMessageBox::Yes)),
                  result);
         QCOMPARE(shown, QStringList({"Convert", "Skip", "Convert All", "Skip All", "Convert", "Convert <b>it</b>?",
-                                     QString::number(QMessageBox::Question), "0"}));
+                                     QString::number(QMessageBox::Question), "4"}));
     }
 
     void single_button_boxes_return_ok()
