@@ -115,7 +115,7 @@ TEST(conversion_run, answers_are_remembered_by_the_rules_of_the_run)
         const char* rule;
         QMap<question, answer> answers;
         QStringList presets; // the flags each preset raises
-        const char* asked;
+        QString asked;
         QStringList written; // the others are skipped
     } cases[] = {
         {"a skip ends the preset at once", {{question::white_balance, answer::skip}}, {"wb dehaze cal"}, "0:wb", {}},

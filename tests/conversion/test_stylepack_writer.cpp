@@ -76,8 +76,8 @@ TEST(stylepack_writer, entries_are_named_in_name_order_and_replace_what_was_ther
         SCOPED_TRACE(c.path);
         EXPECT_EQ(write_pack(c.path, c.styles, c.category, true, c.existing), c.after);
     }
-    // No styles, no archive.
-    EXPECT_EQ(write_pack("Looks.costylepack", {}, true, true), (QStringList{"folder", "plain"}));
+    // No styles: nothing is written, and a file of that name stays.
+    EXPECT_EQ(write_pack("x", {}, true, true, "kept"), (QStringList{"folder", "plain", "x"}));
 }
 
 TEST(stylepack_writer, failures_are_logged_and_leave_the_disk_as_it_was)
