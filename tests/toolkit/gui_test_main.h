@@ -40,8 +40,15 @@ inline void set_identity()
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.8"));
 }
 
-// Runs tests inside the shared set-up; returns their number of failures.
-inline int run_tests(int argc, char** argv, const std::function<int()>& tests)
+// The test classes of a program, by name (STYLEWRIGHT_GUI_TEST_SUITE).
+inline std::map<std::string, std::function<std::unique_ptr<QObject>()>>& suites()
+{
+    static std::map<std::string, std::function<std::unique_ptr<QObject>()>> registered;
+    return registered;
+}
+
+// Runs every registered test class in the shared set-up; returns the number of failures.
+inline int run_suites(int argc, char** argv)
 {
     QTemporaryDir private_root;
     use_private_folders(private_root.path());
@@ -49,33 +56,17 @@ inline int run_tests(int argc, char** argv, const std::function<int()>& tests)
     QApplication application(argc, argv);
     // Closing a test's last window must not end anything.
     QApplication::setQuitOnLastWindowClosed(false);
-    return tests();
+    int failures = 0;
+    for (const auto& suite : suites())
+        failures += QTest::qExec(suite.second().get(), argc, argv);
+    return failures;
 }
 
 template <class test_class>
 int run(int argc, char** argv)
 {
-    return run_tests(argc, argv, [&] {
-        test_class test;
-        return QTest::qExec(&test, argc, argv);
-    });
-}
-
-// The test classes of a program that runs several (STYLEWRIGHT_GUI_TEST_SUITE), by name.
-inline std::map<std::string, std::function<std::unique_ptr<QObject>()>>& suites()
-{
-    static std::map<std::string, std::function<std::unique_ptr<QObject>()>> registered;
-    return registered;
-}
-
-inline int run_suites(int argc, char** argv)
-{
-    return run_tests(argc, argv, [&] {
-        int failures = 0;
-        for (const auto& suite : suites())
-            failures += QTest::qExec(suite.second().get(), argc, argv);
-        return failures;
-    });
+    suites()[test_class::staticMetaObject.className()] = [] { return std::unique_ptr<QObject>(new test_class); };
+    return run_suites(argc, argv);
 }
 
 } // namespace gui_test
