@@ -1,64 +1,76 @@
 #include "application/conversion_messages.h"
+#include "conversion/conversion_fixtures.h"
 
 #include <gtest/gtest.h>
 
-namespace {
-
 using namespace conversion_messages;
 
-TEST(conversion_messages, name_is_set_in_white_bold)
+template <typename message>
+QStringList shown(const message& m)
 {
-    EXPECT_EQ(wrap_name(QStringLiteral("Warm")), QStringLiteral("<font color=\"white\"><b>Warm</b></font>"));
+    return {m.title, m.text};
 }
 
-TEST(conversion_messages, conversion_failed_keeps_its_lone_break)
+TEST(conversion_messages, titles_and_texts_are_exact)
 {
-    const conversion_failure failure = conversion_failed(QStringLiteral("/x/Warm.xmp"));
-    EXPECT_EQ(failure.kind, failure_kind::conversion_failed);
-    EXPECT_EQ(failure.title, QStringLiteral("Preset conversion failed"));
-    EXPECT_EQ(failure.text, QStringLiteral("The preset <font color=\"white\"><b>Warm.xmp</b></font> could not be "
-                                           "converted to Capture One format.<br>Please contact Quillmark support "
-                                           "and send them a screenshot of this message and the preset file stated "
-                                           "above to support@quillmark.example<br/><br/>"));
+    const question_labels labels = translated_labels();
+    EXPECT_EQ((QStringList{labels.convert, labels.skip, labels.convert_all, labels.skip_all}),
+              (QStringList{"Convert", "Skip", "Convert All", "Skip All"}));
+    EXPECT_EQ(wrap_name("Warm"), "<font color=\"white\"><b>Warm</b></font>");
+    const QString warm = wrap_name("Warm");
+    const QString support = "send them a screenshot of this message and the preset file stated above to "
+                            "support@quillmark.example";
+    const std::pair<QStringList, QStringList> cases[] = {
+        {shown(white_balance_question("f", "Warm", labels)),
+         {"White balance modified by preset",
+          "Your preset " + warm + " contains values for the white balance.<br/><br/>Equal white balance values can "
+          "lead to different results in Capture One.<br/>Thus Stylewright translates the values instead of adapting "
+          "them visually.<br/>Anyway we recommend to keep the white balance settings for neutralizing the image "
+          "instead of using them for creating a look.<br/>For this reason they should not be inside a preset."}},
+        {shown(unsupported_parameters_question("f", "Warm", true, true, labels)),
+         {"Unsupported parameters in preset", "Your selected preset " + warm + " contains the following parameters, "
+          "which can't be mapped in Capture One:<br/>- LUT<br/>- Dehaze<br/><br/>These parameters will be ignored."}},
+        // One line per raised flag; a "%2" in the name stays as it is.
+        {shown(unsupported_parameters_question("f", "Look %2", false, true, labels)),
+         {"Unsupported parameters in preset", "Your selected preset " + wrap_name("Look %2") + " contains the "
+          "following parameters, which can't be mapped in Capture One:<br/>- Dehaze<br/><br/>These parameters will "
+          "be ignored."}},
+        {shown(unsupported_parameters_question("f", "Warm", true, false, labels)),
+         {"Unsupported parameters in preset", "Your selected preset " + warm + " contains the following parameters, "
+          "which can't be mapped in Capture One:<br/>- LUT<br/><br/>These parameters will be ignored."}},
+        {shown(camera_calibration_question("f", "Warm", labels)),
+         {"Camera calibration modified by preset",
+          "The preset " + warm + " contains values for the camera calibration.<br/>These settings may influence the "
+          "resulting look significantly but will not be converted to Capture One.<br/>We recommend to reserve these "
+          "parameters for the calibration of your camera and not for creating creative looks."}},
+        {shown(unsupported_format("/x/a.lrtemplate.bak")),
+         {"Unsupported preset format",
+          "Your preset " + wrap_name("a.lrtemplate.bak") + " is in a format Stylewright can't convert."}},
+        // Neither the file name nor the error text is expanded.
+        {shown(unreadable_preset("/x/a %1.xmp", "bad %1")),
+         {"Can't read preset", "Your preset " + wrap_name("a %1.xmp") + " can't be processed by Stylewright.<br/>"
+          "<br/>Please contact the Quillmark support and " + support + "<br/><br/>Error: bad %1"}},
+        // The lone "<br>" is part of the text.
+        {shown(conversion_failed("/x/Warm.xmp")),
+         {"Preset conversion failed", "The preset " + wrap_name("Warm.xmp") + " could not be converted to Capture "
+          "One format.<br>Please contact Quillmark support and " + support + "<br/><br/>"}},
+        {shown(write_failed("/x/a.xmp", "/out/a.costyle", "Disk full")),
+         {"Can't write style", "The style " + wrap_name("/out/a.costyle") + " could not be written.<br/>Disk full"}}};
+    for (const auto& [actual, expected] : cases)
+        EXPECT_EQ(actual, expected);
+    EXPECT_EQ(conversion_failed("x").kind, failure_kind::conversion_failed);
 }
 
-TEST(conversion_messages, error_text_is_not_expanded)
+TEST(conversion_messages, plain_text_is_one_line_without_markup)
 {
-    const conversion_failure failure = unreadable_preset(QStringLiteral("a %1.lrtemplate"), QStringLiteral("bad %1"));
-    EXPECT_TRUE(failure.text.contains(QStringLiteral("<b>a %1.lrtemplate</b>")));
-    EXPECT_TRUE(failure.text.endsWith(QStringLiteral("<br/><br/>Error: bad %1")));
+    const char* const cases[][2] = {{"Your preset <font color=\"white\"><b>Warm</b></font> is odd.",
+                                     "Your preset Warm is odd."},
+                                    {"a.<br/><br/>b", "a. b"},
+                                    {"a<br>b<br/>c", "a b c"},
+                                    {"list:<br/>- LUT<br/>- Dehaze<br/><br/>end", "list: - LUT - Dehaze end"},
+                                    {"ends<br/><br/>", "ends"},
+                                    {"line\nbreak\r\nin error", "line break in error"},
+                                    {"keeps a < b and <i>", "keeps a < b and <i>"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(plain_text(c[0]), c[1]);
 }
-
-TEST(conversion_messages, support_address_is_reserved)
-{
-    EXPECT_EQ(support_address, QStringLiteral("support@quillmark.example"));
-}
-
-struct plain_case {
-    const char* rich;
-    const char* plain;
-};
-
-void PrintTo(const plain_case& c, std::ostream* os)
-{
-    *os << c.plain;
-}
-
-class plain_text_test : public ::testing::TestWithParam<plain_case> {};
-
-TEST_P(plain_text_test, gives_one_line)
-{
-    EXPECT_EQ(plain_text(QString::fromUtf8(GetParam().rich)), QString::fromUtf8(GetParam().plain));
-}
-
-INSTANTIATE_TEST_SUITE_P(markup, plain_text_test,
-                         ::testing::Values(plain_case{"Your preset <font color=\"white\"><b>Warm</b></font> is odd.",
-                                                      "Your preset Warm is odd."},
-                                           plain_case{"a.<br/><br/>b", "a. b"}, plain_case{"a<br>b<br/>c", "a b c"},
-                                           plain_case{"list:<br/>- LUT<br/>- Dehaze<br/><br/>end",
-                                                      "list: - LUT - Dehaze end"},
-                                           plain_case{"ends<br/><br/>", "ends"},
-                                           plain_case{"line\nbreak\r\nin error", "line break in error"},
-                                           plain_case{"keeps a < b and <i>", "keeps a < b and <i>"}));
-
-} // namespace

@@ -7,6 +7,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
 // Shared set-up of the widget tests: private XDG folders and temporary
 // folder (so no test reads or writes the user's settings or leaves files
 // behind), the program's identity, and the off-screen platform unless
@@ -15,14 +20,14 @@ namespace gui_test {
 
 inline void use_private_folders(const QString& root)
 {
-    qputenv("XDG_CONFIG_HOME", (root + QStringLiteral("/config")).toLocal8Bit());
-    qputenv("XDG_DATA_HOME", (root + QStringLiteral("/data")).toLocal8Bit());
-    qputenv("XDG_CACHE_HOME", (root + QStringLiteral("/cache")).toLocal8Bit());
-    qputenv("TMPDIR", root.toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(root + QStringLiteral("/config")));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(root + QStringLiteral("/data")));
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(root + QStringLiteral("/cache")));
+    qputenv("TMPDIR", QFile::encodeName(root));
     const QString runtime = root + QStringLiteral("/runtime");
     QDir().mkpath(runtime);
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
@@ -35,8 +40,15 @@ inline void set_identity()
     QCoreApplication::setApplicationVersion(QStringLiteral("1.0.8"));
 }
 
-template<class test_class>
-int run(int argc, char** argv)
+// The test classes of a program, by name (STYLEWRIGHT_GUI_TEST_SUITE).
+inline std::map<std::string, std::function<std::unique_ptr<QObject>()>>& suites()
+{
+    static std::map<std::string, std::function<std::unique_ptr<QObject>()>> registered;
+    return registered;
+}
+
+// Runs every registered test class in the shared set-up; returns the number of failures.
+inline int run_suites(int argc, char** argv)
 {
     QTemporaryDir private_root;
     use_private_folders(private_root.path());
@@ -44,8 +56,17 @@ int run(int argc, char** argv)
     QApplication application(argc, argv);
     // Closing a test's last window must not end anything.
     QApplication::setQuitOnLastWindowClosed(false);
-    test_class test;
-    return QTest::qExec(&test, argc, argv);
+    int failures = 0;
+    for (const auto& suite : suites())
+        failures += QTest::qExec(suite.second().get(), argc, argv);
+    return failures;
+}
+
+template <class test_class>
+int run(int argc, char** argv)
+{
+    suites()[test_class::staticMetaObject.className()] = [] { return std::unique_ptr<QObject>(new test_class); };
+    return run_suites(argc, argv);
 }
 
 } // namespace gui_test
@@ -55,3 +76,7 @@ int run(int argc, char** argv)
     {                                                                                                        \
         return gui_test::run<test_class>(argc, argv);                                                        \
     }
+
+#define STYLEWRIGHT_GUI_TEST_SUITE(test_class)                                                               \
+    static const bool test_class##_registered =                                                              \
+        (gui_test::suites()[#test_class] = [] { return std::unique_ptr<QObject>(new test_class); }, true);

@@ -17,10 +17,8 @@ namespace gui_test {
 class modal_answer {
 public:
     explicit modal_answer(std::function<void(QWidget*)> answer, int count = 1)
-        : answer(std::move(answer))
-        , left(count)
+        : answer(std::move(answer)), left(count)
     {
-        timer.setInterval(20);
         QObject::connect(&timer, &QTimer::timeout, [this] {
             QWidget* modal = QApplication::activeModalWidget();
             // The box answered last may still be closing.
@@ -33,7 +31,7 @@ public:
                 timer.stop();
             this->answer(modal);
         });
-        timer.start();
+        timer.start(20);
     }
 
     // Whether all boxes appeared and were answered.
