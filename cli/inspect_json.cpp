@@ -4,7 +4,7 @@
 #include "application/preset_reading.h"
 #include "importer/lightroom_importer.h"
 #include "writer/carried_settings.h"
-#include "writer/costyle_writer.h"
+#include "writer/check_costyle.h"
 
 #include <QJsonArray>
 
@@ -31,12 +31,12 @@ QJsonObject preset_json(const QString& path, const lightroom_importer& record)
                              {QStringLiteral("tone_curve_green"), curve_json(record.tone_curve_green)},
                              {QStringLiteral("tone_curve_blue"), curve_json(record.tone_curve_blue)}};
 
-    const costyle_writer writer;
+    // The flags need no colour tables, so no writer is built for them.
     bool white_balance = false;
     bool dehaze = false;
     bool lut = false;
     bool camera_calibration = false;
-    writer.check_costyle(white_balance, dehaze, lut, camera_calibration, record);
+    check_preset_flags(white_balance, dehaze, lut, camera_calibration, record);
     const QJsonObject flags{{QStringLiteral("white_balance"), white_balance},
                             {QStringLiteral("dehaze"), dehaze},
                             {QStringLiteral("lut"), lut},
