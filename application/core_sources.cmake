@@ -2,4 +2,12 @@
 target_sources(stylewright_core PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/settings_keys.h
     ${CMAKE_CURRENT_LIST_DIR}/settings_keys.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/preset_reading.h
+    ${CMAKE_CURRENT_LIST_DIR}/preset_reading.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/conversion_messages.h
+    ${CMAKE_CURRENT_LIST_DIR}/conversion_messages.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/conversion_run.h
+    ${CMAKE_CURRENT_LIST_DIR}/conversion_run.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/stylepack_writer.h
+    ${CMAKE_CURRENT_LIST_DIR}/stylepack_writer.cpp
 )

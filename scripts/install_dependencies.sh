@@ -14,6 +14,7 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     xvfb xauth libxml2-utils zip unzip
     liblcms2-dev lua5.4 libimage-exiftool-perl
+    time  # /usr/bin/time -v for bench/cli_batch.sh
     clang libclang-rt-14-dev
     # packaging checks
     desktop-file-utils appstream dpkg-dev man-db help2man

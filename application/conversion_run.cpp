@@ -1,0 +1,203 @@
+#include "application/conversion_run.h"
+
+#include "application/preset_reading.h"
+#include "importer/lightroom_importer.h"
+#include "writer/costyle_writer.h"
+
+#include <QDebug>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <exception>
+
+namespace {
+
+enum class turn_outcome { converted, skipped, failed };
+
+// The remembered answers of one question: asked while ask is true, skipped
+// silently once skip_all is set.
+struct answer_memory {
+    bool ask = true;
+    bool skip_all = false;
+};
+
+// Applies an answer; returns whether the preset goes on.
+bool goes_on(question_answer answer, answer_memory& memory)
+{
+    switch (answer) {
+    case question_answer::convert:
+    case question_answer::closed:
+        return true;
+    case question_answer::convert_all:
+        memory.ask = false;
+        return true;
+    case question_answer::skip:
+        return false;
+    case question_answer::skip_all:
+        memory.skip_all = true;
+        return false;
+    }
+    return true;
+}
+
+class conversion_run {
+public:
+    conversion_run(const conversion_options& options, conversion_shell& shell)
+        : options_(options), shell_(shell), separate_(options.format == QLatin1String("separate")),
+          labels_(conversion_messages::translated_labels())
+    {
+    }
+
+    conversion_result run(const QStringList& files)
+    {
+        conversion_result result;
+        const int count = files.size();
+        for (int i = 0; i < count; ++i) {
+            if (shell_.cancelled()) {
+                result.cancelled = true;
+                break;
+            }
+            shell_.progress(i, count, files.at(i));
+            switch (convert(files.at(i), result.pack_entries)) {
+            case turn_outcome::converted:
+                ++result.converted;
+                break;
+            case turn_outcome::skipped:
+                ++result.skipped;
+                break;
+            case turn_outcome::failed:
+                ++result.failed;
+                break;
+            }
+        }
+        return result;
+    }
+
+private:
+    turn_outcome convert(const QString& path, QMap<QString, QString>& pack_entries)
+    {
+        if (preset_format_of(path) == preset_format::unsupported) {
+            shell_.report_failure(conversion_messages::unsupported_format(path));
+            return turn_outcome::failed;
+        }
+        try {
+            return convert_readable(path, pack_entries);
+        } catch (const std::exception& error) {
+            shell_.report_failure(conversion_messages::unreadable_preset(path, QString::fromUtf8(error.what())));
+            return turn_outcome::failed;
+        }
+    }
+
+    turn_outcome convert_readable(const QString& path, QMap<QString, QString>& pack_entries)
+    {
+        lightroom_importer record;
+        read_preset(path, record);
+        // Rendering a settings map of a hundred entries costs more than the rest of
+        // the bookkeeping; only do it when someone listens.
+        if (QLoggingCategory::defaultCategory()->isDebugEnabled())
+            qDebug() << record.settings;
+
+        const QString entry_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
+        const QString target = shell_.output_folder() + QLatin1Char('/') + entry_name;
+
+        // A writer per preset: nothing of one conversion can reach the next.
+        const costyle_writer writer;
+        bool white_balance = false;
+        bool dehaze = false;
+        bool lut = false;
+        bool camera_calibration = false;
+        writer.check_costyle(white_balance, dehaze, lut, camera_calibration, record);
+
+        if (skipped_silently(white_balance, dehaze || lut, camera_calibration))
+            return turn_outcome::skipped;
+        if (!answered_convert(white_balance, white_balance_,
+                              [&] { return conversion_messages::white_balance_question(path, record.name, labels_); }))
+            return turn_outcome::skipped;
+        if (!answered_convert(dehaze || lut, unsupported_, [&] {
+                return conversion_messages::unsupported_parameters_question(path, record.name, lut, dehaze, labels_);
+            }))
+            return turn_outcome::skipped;
+        if (!answered_convert(camera_calibration, camera_calibration_, [&] {
+                return conversion_messages::camera_calibration_question(path, record.name, labels_);
+            }))
+            return turn_outcome::skipped;
+
+        QString document;
+        const bool converted = options_.colour_space ? writer.create_costyle(record, document, *options_.colour_space)
+                                                     : writer.create_costyle(record, document);
+        if (!converted) {
+            shell_.report_failure(conversion_messages::conversion_failed(path));
+            return turn_outcome::failed;
+        }
+
+        if (!separate_) {
+            pack_entries.insert(entry_name, document);
+            return turn_outcome::converted;
+        }
+        QString reason;
+        if (!write_style(target, document, reason)) {
+            shell_.report_failure(conversion_messages::write_failed(path, target, reason));
+            return turn_outcome::failed;
+        }
+        return turn_outcome::converted;
+    }
+
+    // The remembered "Skip All" answers, tested before any question is shown.
+    bool skipped_silently(bool white_balance, bool unsupported, bool camera_calibration) const
+    {
+        return (white_balance_.skip_all && white_balance) || (unsupported_.skip_all && unsupported) ||
+               (camera_calibration_.skip_all && camera_calibration);
+    }
+
+    template <typename make_question>
+    bool answered_convert(bool raised, answer_memory& memory, make_question question)
+    {
+        if (!raised || !memory.ask)
+            return true;
+        return goes_on(shell_.ask(question()), memory);
+    }
+
+    // Through a temporary file renamed over the target: a failed write neither
+    // leaves a truncated style nor destroys an earlier one of the same name.
+    static bool write_style(const QString& target, const QString& document, QString& reason)
+    {
+        QSaveFile file(target);
+        if (!file.open(QIODevice::WriteOnly)) {
+            reason = file.errorString();
+            return false;
+        }
+        const QByteArray bytes = document.toUtf8();
+        errno = 0;
+        // QSaveFile::commit renames even when flushing its buffer failed (a full disk,
+        // a file-size limit), which would replace the style by a truncated one; so
+        // the data is flushed and checked before the commit.
+        if (file.write(bytes) != bytes.size() || !file.flush()) {
+            const int error = errno;
+            reason = error != 0 ? qt_error_string(error) : file.errorString();
+            file.cancelWriting();
+            return false;
+        }
+        if (!file.commit()) {
+            reason = file.errorString();
+            return false;
+        }
+        return true;
+    }
+
+    const conversion_options& options_;
+    conversion_shell& shell_;
+    const bool separate_;
+    const question_labels labels_;
+    answer_memory white_balance_;
+    answer_memory unsupported_;
+    answer_memory camera_calibration_;
+};
+
+} // namespace
+
+conversion_result run_conversion(const QStringList& files, const conversion_options& options, conversion_shell& shell)
+{
+    return conversion_run(options, shell).run(files);
+}

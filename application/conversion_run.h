@@ -1,0 +1,61 @@
+#pragma once
+
+#include "application/conversion_messages.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+// A shell's answer to one question. closed: the box was closed without a button,
+// which converts the preset like "Convert".
+enum class question_answer { convert, skip, convert_all, skip_all, closed };
+
+// What a conversion run needs from the program around it (the window or the
+// command-line converter): answers to the questions, the target folder, and
+// someone to tell about failures.
+class conversion_shell {
+public:
+    virtual ~conversion_shell() = default;
+
+    virtual question_answer ask(const conversion_question& question) = 0;
+    // Called once per failed preset; the run goes on with the next file.
+    virtual void report_failure(const conversion_failure& failure) = 0;
+    // Target folder of separate styles, asked once per preset so that a change
+    // made during the run applies to the next preset.
+    virtual QString output_folder() = 0;
+
+    // Asked before each preset; true ends the run before that preset.
+    virtual bool cancelled() { return false; }
+    // Told before each preset: index counts from 0 up to count - 1.
+    virtual void progress(int index, int count, const QString& file)
+    {
+        Q_UNUSED(index)
+        Q_UNUSED(count)
+        Q_UNUSED(file)
+    }
+};
+
+struct conversion_options {
+    // "separate" writes one style file per preset into the output folder; every
+    // other value collects the styles for a style pack.
+    QString format = QStringLiteral("separate");
+    // The colour space to convert into ("raw", "adobe", ...); without a value the
+    // writer reads the stored "colorspace" setting.
+    std::optional<QString> colour_space;
+};
+
+struct conversion_result {
+    int converted = 0; // written, or collected for the pack
+    int skipped = 0;   // skipped by an answer or a remembered "Skip All"
+    int failed = 0;
+    bool cancelled = false;
+    // Pack formats only: entry file name -> style document, in name order; a
+    // later preset with the same name replaces the earlier one.
+    QMap<QString, QString> pack_entries;
+};
+
+// Converts the presets in list order. Each preset is read, checked, asked about
+// and converted on its own; only the pack entries and the "All" answers carry
+// over from one preset to the next. Never throws for a bad preset.
+conversion_result run_conversion(const QStringList& files, const conversion_options& options, conversion_shell& shell);

@@ -1,0 +1,30 @@
+#include "application/preset_reading.h"
+
+#include "importer/lightroom_importer.h"
+
+#include <QFileInfo>
+
+preset_format preset_format_of(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("lrtemplate"))
+        return preset_format::lrtemplate;
+    if (suffix == QLatin1String("xmp"))
+        return preset_format::xmp;
+    return preset_format::unsupported;
+}
+
+bool read_preset(const QString& path, lightroom_importer& record)
+{
+    switch (preset_format_of(path)) {
+    case preset_format::lrtemplate:
+        record.read_lrpreset(path);
+        return true;
+    case preset_format::xmp:
+        record.read_xmp(path);
+        return true;
+    case preset_format::unsupported:
+        break;
+    }
+    return false;
+}

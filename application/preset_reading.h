@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+class lightroom_importer;
+
+// Which reader a preset file goes to, chosen by its last suffix in any letter case.
+enum class preset_format { lrtemplate, xmp, unsupported };
+
+preset_format preset_format_of(const QString& path);
+
+// Reads the file into record with the reader its suffix selects. Returns false and
+// leaves record untouched for a suffix no reader handles. Whatever the reader
+// throws (std::runtime_error on a template syntax error) reaches the caller.
+bool read_preset(const QString& path, lightroom_importer& record);

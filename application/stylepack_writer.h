@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+
+// Writes the styles (entry file name -> style document) into the style-pack
+// archive at path, used as given, replacing any file of that name. With
+// with_category the entries go into a folder named after the archive's complete
+// base name. Nothing is written for an empty map. Failures are logged as
+// warnings; the result tells whether the archive was written with every entry.
+bool write_stylepack(const QString& path, const QMap<QString, QString>& entries, bool with_category);

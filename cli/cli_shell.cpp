@@ -1,0 +1,41 @@
+#include "cli/cli_shell.h"
+
+#include "cli/cli_output.h"
+
+cli_shell::cli_shell(const cli_options& options) : options_(options) {}
+
+question_answer cli_shell::ask(const conversion_question& question)
+{
+    cli_output::log_line(QtWarningMsg, question.file + QStringLiteral(": ") + question.title + QStringLiteral(": ") +
+                                           conversion_messages::plain_text(question.text));
+    switch (question.kind) {
+    case preset_question::white_balance:
+        return options_.white_balance;
+    case preset_question::unsupported_parameters:
+        return options_.unsupported;
+    case preset_question::camera_calibration:
+        return options_.calibration;
+    }
+    return question_answer::convert;
+}
+
+void cli_shell::report_failure(const conversion_failure& failure)
+{
+    cli_output::error_line(failure_line(failure));
+}
+
+QString cli_shell::output_folder()
+{
+    return options_.output_folder;
+}
+
+void cli_shell::progress(int index, int count, const QString& file)
+{
+    cli_output::progress(index, count, file);
+}
+
+QString failure_line(const conversion_failure& failure)
+{
+    return failure.file + QStringLiteral(": ") + failure.title + QStringLiteral(": ") +
+           conversion_messages::plain_text(failure.text);
+}

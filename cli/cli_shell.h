@@ -1,0 +1,22 @@
+#pragma once
+
+#include "application/conversion_run.h"
+#include "cli/cli_options.h"
+
+// Answers the run's questions from the command-line options, printing one
+// warning line per question, and prints one error line per failure.
+class cli_shell final : public conversion_shell {
+public:
+    explicit cli_shell(const cli_options& options);
+
+    question_answer ask(const conversion_question& question) override;
+    void report_failure(const conversion_failure& failure) override;
+    QString output_folder() override;
+    void progress(int index, int count, const QString& file) override;
+
+private:
+    const cli_options& options_;
+};
+
+// "file: title: text" without markup, on one line.
+QString failure_line(const conversion_failure& failure);

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+// What one preset holds, for --inspect: its name, description, settings as text,
+// point curves, compatibility flags and the settings no mapping reads. When the
+// preset can't be read the object holds "file" and "error" only, and error
+// receives the message.
+QJsonObject inspect_preset(const QString& path, bool exists, QString& error);

@@ -1,0 +1,137 @@
+// stylewright-cli: the headless converter, for batches, scripts and servers.
+// It reads and writes no stored settings: everything comes from the command line.
+
+#include "application/conversion_run.h"
+#include "application/stylepack_writer.h"
+#include "cli/cli_options.h"
+#include "cli/cli_output.h"
+#include "cli/cli_shell.h"
+#include "cli/inspect_json.h"
+#include "cli/preset_search.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+constexpr int exit_success = 0;
+constexpr int exit_failure = 1;
+constexpr int exit_usage = 2;
+
+const QString program_name = QStringLiteral("stylewright-cli");
+
+int usage_error(const QString& message)
+{
+    cli_output::raw_line(program_name + QStringLiteral(": ") + message + QStringLiteral(" Try '") + program_name +
+                         QStringLiteral(" --help'."));
+    return exit_usage;
+}
+
+int inspect(const QVector<input_file>& files)
+{
+    QJsonArray presets;
+    bool failed = false;
+    for (const input_file& file : files) {
+        QString error;
+        presets.append(inspect_preset(file.path, file.exists, error));
+        if (!error.isEmpty()) {
+            cli_output::error_line(file.path + QStringLiteral(": ") + error);
+            failed = true;
+        }
+    }
+    cli_output::write_stdout(QJsonDocument(presets).toJson(QJsonDocument::Indented));
+    return failed ? exit_failure : exit_success;
+}
+
+int convert(const cli_options& options, const QVector<input_file>& files)
+{
+    if (options.to_stdout && files.size() != 1)
+        return usage_error(QStringLiteral("--stdout takes exactly one preset, not %1.").arg(files.size()));
+
+    int missing = 0;
+    QStringList presets;
+    for (const input_file& file : files) {
+        if (file.exists) {
+            presets.append(file.path);
+        } else {
+            cli_output::error_line(file.path + QStringLiteral(": No such file or folder."));
+            ++missing;
+        }
+    }
+    const bool separate = options.pack_path.isEmpty() && !options.to_stdout;
+    if (separate && !QDir().mkpath(options.output_folder)) {
+        cli_output::error_line(QStringLiteral("Can't create the output folder %1.").arg(options.output_folder));
+        return exit_failure;
+    }
+
+    conversion_options conversion;
+    // The run collects the styles for a pack in every format but "separate"; the
+    // one style for standard output is collected the same way.
+    conversion.format = separate           ? QStringLiteral("separate")
+                        : options.category ? QStringLiteral("stylepack_category")
+                                           : QStringLiteral("stylepack");
+    conversion.colour_space = options.colour_space;
+    cli_shell shell(options);
+    conversion_result result = run_conversion(presets, conversion, shell);
+    cli_output::end_progress();
+    result.failed += missing;
+
+    if (options.to_stdout) {
+        if (!result.pack_entries.isEmpty())
+            cli_output::write_stdout(result.pack_entries.first().toUtf8());
+    } else if (!separate) {
+        if (result.pack_entries.isEmpty()) {
+            cli_output::log_line(QtWarningMsg,
+                                 QStringLiteral("No style was converted; %1 was not written.").arg(options.pack_path));
+        } else if (!write_stylepack(options.pack_path, result.pack_entries, options.category)) {
+            cli_output::error_line(QStringLiteral("%1: The style pack could not be written.").arg(options.pack_path));
+            // Styles that never reached the disk are not converted.
+            result.failed += result.converted;
+            result.converted = 0;
+        }
+    }
+
+    cli_output::result_line(QStringLiteral("%1 converted, %2 skipped, %3 failed")
+                                .arg(result.converted)
+                                .arg(result.skipped)
+                                .arg(result.failed));
+    return result.failed > 0 ? exit_failure : exit_success;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Quillmark"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("quillmark.example"));
+    QCoreApplication::setApplicationName(QStringLiteral("Stylewright"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(STYLEWRIGHT_VERSION));
+    QCoreApplication app(argc, argv);
+
+    const parsed_command_line parsed = parse_command_line(QCoreApplication::arguments());
+    switch (parsed.outcome) {
+    case parse_outcome::help:
+        cli_output::write_stdout(parsed.text.toUtf8());
+        return exit_success;
+    case parse_outcome::version:
+        cli_output::write_stdout(
+            QStringLiteral("Stylewright %1\n").arg(QCoreApplication::applicationVersion()).toUtf8());
+        return exit_success;
+    case parse_outcome::usage_error:
+        return usage_error(parsed.text);
+    case parse_outcome::run:
+        break;
+    }
+
+    const cli_options& options = parsed.options;
+    cli_output::install(options.level);
+    QStringList empty_folders;
+    const QVector<input_file> files = find_presets(options.inputs, empty_folders);
+    for (const QString& folder : empty_folders)
+        cli_output::log_line(QtWarningMsg, QStringLiteral("%1: No preset found in this folder.").arg(folder));
+    if (options.inspect)
+        return inspect(files);
+    return convert(options, files);
+}

@@ -1,0 +1,79 @@
+#include "writer/carried_settings.h"
+#include "writer/mapping_context.h"
+
+#include "importer/lightroom_importer.h"
+
+namespace {
+
+// Keys that describe the preset file rather than a develop setting, so their
+// absence from a style is no loss: template bookkeeping (title, id, uuid,
+// internalName, type, version), the XMP preset's identity and version
+// (about, Name, UUID, Version, ProcessVersion, PresetType, Cluster, Copyright,
+// ContactInfo, CameraModelRestriction, HasSettings, AlreadyApplied,
+// RequiresRGBTables), its Supports* flags, and the names of the point curves
+// whose points are carried over separately (ToneCurveName, ToneCurveName2012).
+// ProcessVersion is among them because the writer recognises the process by
+// the tone keys a preset carries, not by the version number. Image metadata
+// of sidecar files (camera, lens, dates) is not filtered: such files are not
+// presets, and what they hold is listed as it is.
+const QSet<QString>& bookkeeping_keys()
+{
+    static const QSet<QString> keys = {
+        QStringLiteral("title"),
+        QStringLiteral("id"),
+        QStringLiteral("uuid"),
+        QStringLiteral("internalName"),
+        QStringLiteral("type"),
+        QStringLiteral("version"),
+        QStringLiteral("about"),
+        QStringLiteral("Name"),
+        QStringLiteral("UUID"),
+        QStringLiteral("Version"),
+        QStringLiteral("ProcessVersion"),
+        QStringLiteral("PresetType"),
+        QStringLiteral("Cluster"),
+        QStringLiteral("Copyright"),
+        QStringLiteral("ContactInfo"),
+        QStringLiteral("CameraModelRestriction"),
+        QStringLiteral("HasSettings"),
+        QStringLiteral("AlreadyApplied"),
+        QStringLiteral("RequiresRGBTables"),
+        QStringLiteral("SupportsAmount"),
+        QStringLiteral("SupportsAmount2"),
+        QStringLiteral("SupportsColor"),
+        QStringLiteral("SupportsMonochrome"),
+        QStringLiteral("SupportsHighDynamicRange"),
+        QStringLiteral("SupportsNormalDynamicRange"),
+        QStringLiteral("SupportsSceneReferred"),
+        QStringLiteral("SupportsOutputReferred"),
+        QStringLiteral("ToneCurveName"),
+        QStringLiteral("ToneCurveName2012"),
+    };
+    return keys;
+}
+
+} // namespace
+
+QStringList not_carried_over(const lightroom_importer& preset)
+{
+    const preset_settings& settings = preset.settings;
+    const mapping_flags flags = read_mapping_flags(settings);
+
+    QSet<QString> read;
+    add_frame_keys(read);
+    add_white_balance_tone_keys(settings, flags, read);
+    add_black_and_white_keys(flags, read);
+    add_colour_keys(settings, read);
+    add_detail_and_effects_keys(read);
+
+    QStringList missing;
+    for (auto entry = settings.cbegin(); entry != settings.cend(); ++entry) {
+        const QString& key = entry.key();
+        // An empty key (a blank line of a dotted template) is no setting at all.
+        if (key.isEmpty() || read.contains(key) || bookkeeping_keys().contains(key))
+            continue;
+        missing.append(key);
+    }
+    // The settings map is ordered by key already, so the list is too.
+    return missing;
+}

@@ -1,0 +1,207 @@
+// The frame of a style conversion: flags, colour table, bookkeeping entries,
+// the mapping groups in their order, and the XML form of the entry table.
+
+#include "writer/costyle_writer.h"
+#include "writer/mapping_context.h"
+
+#include "importer/lightroom_importer.h"
+
+#include <QSettings>
+#include <QUuid>
+#include <QXmlStreamWriter>
+#include <QtDebug>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+// Stored setting that names the output colour space, and its value when unset.
+const QString colour_space_setting = QStringLiteral("colorspace");
+const QString default_colour_space = QStringLiteral("raw");
+
+const QString grayscale_key = QStringLiteral("ConvertToGrayscale");
+// Title fallback of presets without a name: an XMP preset's rdf:about.
+const QString about_key = QStringLiteral("about");
+
+// Presence of any of these marks a preset of Lightroom's 2010 process. The
+// list carries "FillLights" while the fill-light mapping reads "FillLight";
+// both spellings are kept as they are, so a preset whose only 2010 key is
+// "FillLight" is treated as a 2012 preset.
+const QStringList process_2010_keys = {
+    QStringLiteral("Brightness"), QStringLiteral("Clarity"),           QStringLiteral("Contrast"),
+    QStringLiteral("Exposure"),   QStringLiteral("FillLights"),        QStringLiteral("HighlightRecovery"),
+    QStringLiteral("Shadows"),
+};
+
+// Capture One reads styles whose root names this engine version.
+const QString style_engine_version = QStringLiteral("900");
+// Nesting depth of the document in spaces per level.
+constexpr int xml_indent = 4;
+
+const colour_table& select_table(const costyle_writer& writer, const QString& colour_space)
+{
+    // "raw" shares the Wide Gamut table; it additionally switches a few formulas.
+    if (colour_space == colour_space_name::adobe) {
+        qDebug("Using AdobeRGB colorspace (converting)");
+        return writer.table(costyle_writer::adobe_rgb);
+    }
+    if (colour_space == colour_space_name::srgb) {
+        qDebug("Using sRGB colorspace (converting)");
+        return writer.table(costyle_writer::srgb);
+    }
+    if (colour_space == colour_space_name::prophoto) {
+        qDebug("Using ProPhoto colorspace (some conversion)");
+        return writer.table(costyle_writer::identity);
+    }
+    if (colour_space == colour_space_name::widegamut) {
+        qDebug("Using Wide Gamut RGB colorspace (converting)");
+        return writer.table(costyle_writer::wide_gamut_rgb);
+    }
+    if (colour_space == colour_space_name::raw) {
+        qDebug("Using Wide Gamut RGB colorspace (RAW, some conversion)");
+        return writer.table(costyle_writer::wide_gamut_rgb);
+    }
+    // An unknown value is not an error: the colours pass through unconverted.
+    return writer.table(costyle_writer::identity);
+}
+
+QString new_style_uuid()
+{
+    // Upper-case, without braces: the form Capture One writes itself.
+    const QString braced = QUuid::createUuid().toString();
+    return braced.mid(1, braced.size() - 2).toUpper();
+}
+
+void write_document(const costyle_entries& entries, QString& out)
+{
+    QXmlStreamWriter writer(&out);
+    writer.setAutoFormatting(true);
+    writer.setAutoFormattingIndent(xml_indent);
+    // Written into a string, the declaration carries no encoding; the caller
+    // picks the file encoding when saving.
+    writer.writeStartDocument();
+    writer.writeStartElement(QStringLiteral("SL"));
+    writer.writeAttribute(QStringLiteral("Engine"), style_engine_version);
+    for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
+        writer.writeEmptyElement(QStringLiteral("E"));
+        writer.writeAttribute(QStringLiteral("K"), entry.key());
+        writer.writeAttribute(QStringLiteral("V"), entry.value());
+    }
+    writer.writeEndElement();
+    writer.writeEndDocument();
+}
+
+} // namespace
+
+mapping_flags read_mapping_flags(const preset_settings& settings)
+{
+    mapping_flags flags;
+    // Lightroom writes true or True; the number 1 is not a yes here.
+    flags.grayscale = settings.value(grayscale_key, QStringLiteral("False")).toLower() == QLatin1String("true");
+    for (const QString& key : process_2010_keys) {
+        if (settings.contains(key)) {
+            flags.process_2010 = true;
+            break;
+        }
+    }
+    return flags;
+}
+
+void add_frame_keys(QSet<QString>& keys)
+{
+    keys.insert(grayscale_key);
+    keys.insert(about_key);
+    for (const QString& key : process_2010_keys)
+        keys.insert(key);
+}
+
+bool read_number(const preset_settings& settings, const QString& key, float& value)
+{
+    const auto found = settings.constFind(key);
+    if (found == settings.cend())
+        return false;
+    bool ok = false;
+    const float converted = found.value().toFloat(&ok);
+    if (!ok)
+        return false;
+    value = converted;
+    return true;
+}
+
+float number_or_zero(const preset_settings& settings, const QString& key)
+{
+    // toFloat gives 0 for a text that is not a number.
+    return settings.value(key, QStringLiteral("0")).toFloat();
+}
+
+QString six_decimals(float value)
+{
+    return QString::number(static_cast<double>(value), 'f', 6);
+}
+
+float clamp_value(float value, float low, float high)
+{
+    return qBound(low, value, high);
+}
+
+float map_two_ranges(float value, float in_min, float in_max, float out_min, float out_max)
+{
+    if (value >= 0.0f)
+        return value / in_max * out_max;
+    return (value - in_min) / (0.0f - in_min) * (0.0f - out_min) + out_min;
+}
+
+int truncate_to_int(float value)
+{
+    if (std::isnan(value))
+        return 0;
+    // 2^31 is exact in float; everything below it truncates into range.
+    constexpr float int_limit = 2147483648.0f;
+    if (value >= int_limit)
+        return std::numeric_limits<int>::max();
+    if (value < -int_limit)
+        return std::numeric_limits<int>::min();
+    return static_cast<int>(value);
+}
+
+bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out) const
+{
+    const QSettings stored;
+    const QString colour_space = stored.value(colour_space_setting, default_colour_space).toString();
+    return create_costyle(preset, out, colour_space);
+}
+
+bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out,
+                                    const QString& colour_space) const
+{
+    costyle_entries entries;
+    const mapping_flags flags = read_mapping_flags(preset.settings);
+    const colour_table& active_table = select_table(*this, colour_space);
+
+    // Every style carries a name, even an empty one.
+    entries.insert(QStringLiteral("Name"),
+                   preset.name.isEmpty() ? preset.settings.value(about_key) : preset.name);
+    // A fresh identity on every call: converting twice gives two styles.
+    entries.insert(QStringLiteral("UUID"), new_style_uuid());
+
+    mapping_context context{preset, preset.settings, entries, active_table, colour_space, flags};
+
+    map_white_balance(context);
+    if (flags.process_2010)
+        map_process_2010_tone(context);
+    // The 2012 group runs after the 2010 one so that its values win where a
+    // preset carries both.
+    map_process_2012_tone(context);
+    map_clarity(context);
+    map_saturation(context);
+    map_point_curves(context);
+    if (flags.grayscale)
+        map_black_and_white(context);
+    map_split_toning(context);
+    map_colour_corrections(context);
+    map_detail_and_effects(context);
+
+    write_document(entries, out);
+    return true;
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+// Internal to writer/: the state one create_costyle call shares between its
+// mapping groups, and the small numeric helpers the groups have in common.
+
+#include "writer/costyle_entries.h"
+
+#include <QSet>
+#include <QString>
+
+class colour_table;
+class lightroom_importer;
+
+// Colour-space values of the stored setting that change formulas or tables.
+namespace colour_space_name {
+inline const QString adobe = QStringLiteral("adobe");
+inline const QString srgb = QStringLiteral("srgb");
+inline const QString prophoto = QStringLiteral("prophoto");
+inline const QString widegamut = QStringLiteral("widegamut");
+inline const QString raw = QStringLiteral("raw");
+} // namespace colour_space_name
+
+// What the frame decides from the settings before any group runs; the key
+// listing of carried_settings needs the same decisions without a writer.
+struct mapping_flags {
+    bool grayscale = false;
+    bool process_2010 = false;
+};
+
+mapping_flags read_mapping_flags(const preset_settings& settings);
+
+// Shared by the groups of one call; nothing of it outlives the call.
+struct mapping_context {
+    const lightroom_importer& preset;
+    const preset_settings& settings;
+    costyle_entries& entries;
+    const colour_table& table;
+    const QString& colour_space;
+    mapping_flags flags;
+
+    // White balance: the tint that compensates the table's cast at the
+    // preset's temperature; only a tint written from the preset gets it.
+    float tint_offset = 0.0f;
+
+    // Heights of the luma gradation curve at x = 0.2, 0.4, 0.6, 0.8.
+    float y20 = 0.2f;
+    float y40 = 0.4f;
+    float y60 = 0.6f;
+    float y80 = 0.8f;
+    bool luma_curve_marked = false;
+
+    bool is_raw() const { return colour_space == colour_space_name::raw; }
+};
+
+// True when the key is present and its text converts to a float.
+bool read_number(const preset_settings& settings, const QString& key, float& value);
+
+// The value's text converted to a float; absent or not a number gives 0.
+float number_or_zero(const preset_settings& settings, const QString& key);
+
+// Fixed notation with six decimals, the style's usual number form.
+QString six_decimals(float value);
+
+// Clamps with Qt's rule (a NaN ends up at the lower bound), in single precision.
+float clamp_value(float value, float low, float high);
+
+// The zero-anchored two-range mapping: [in_min, 0] onto [out_min, 0] and
+// [0, in_max] onto [0, out_max], each half with its own scale. The value must
+// already be clamped to [in_min, in_max].
+float map_two_ranges(float value, float in_min, float in_max, float out_min, float out_max);
+
+// Truncation toward zero that stays defined for every float: a NaN gives 0,
+// values beyond the int range give the nearest end of it.
+int truncate_to_int(float value);
+
+// The mapping groups, in the order create_costyle runs them.
+void map_white_balance(mapping_context& context);
+void map_process_2010_tone(mapping_context& context);
+void map_process_2012_tone(mapping_context& context);
+void map_clarity(mapping_context& context);
+void map_saturation(mapping_context& context);
+void map_point_curves(mapping_context& context);
+void map_black_and_white(mapping_context& context);
+void map_split_toning(mapping_context& context);
+void map_colour_corrections(mapping_context& context);
+void map_detail_and_effects(mapping_context& context);
+
+// The settings keys each group reads for a preset with these flags, next to
+// the group's own key constants so the listing follows the mapping.
+void add_frame_keys(QSet<QString>& keys);
+void add_white_balance_tone_keys(const preset_settings& settings, const mapping_flags& flags, QSet<QString>& keys);
+void add_black_and_white_keys(const mapping_flags& flags, QSet<QString>& keys);
+void add_colour_keys(const preset_settings& settings, QSet<QString>& keys);
+void add_detail_and_effects_keys(QSet<QString>& keys);
