@@ -4,11 +4,14 @@
 # small hand-written inputs in fuzz/inputs and every input that once made a
 # harness fail (kept as regression tests). Files already there are kept, so
 # what libFuzzer has found in earlier runs stays.
-# Usage: prepare_corpus.sh SOURCE_DIR PRESET_CORPUS_DIR WORK_DIR
+# The style-writer harness takes records, not files: make_writer_inputs turns
+# the presets into its input form.
+# Usage: prepare_corpus.sh SOURCE_DIR PRESET_CORPUS_DIR WORK_DIR MAKE_WRITER_INPUTS
 set -euo pipefail
 source_dir="$1"
 preset_corpus="$2"
 work="$3"
+make_writer_inputs="$4"
 
 copy_into() {
     local harness="$1"; shift
@@ -25,4 +28,8 @@ copy_into regular_template "$preset_corpus"/lrtemplate/* "$findings"/regular_tem
 copy_into dot_notation "$source_dir"/fuzz/inputs/dot_notation/* "$findings"/dot_notation/*
 copy_into xmp "$preset_corpus"/xmp/* "$findings"/xmp/*
 copy_into 3dl "$source_dir"/resources/data/*.3dl "$source_dir"/fuzz/inputs/3dl/* "$findings"/3dl/*
-copy_into costyle_writer "$source_dir"/fuzz/inputs/costyle_writer/* "$findings"/costyle_writer/*
+copy_into costyle_writer "$findings"/costyle_writer/*
+presets=("$preset_corpus"/lrtemplate/* "$preset_corpus"/xmp/*)
+if [ ${#presets[@]} -gt 0 ]; then
+    "$make_writer_inputs" "$work/costyle_writer" "${presets[@]}"
+fi
