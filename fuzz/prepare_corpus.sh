@@ -28,7 +28,7 @@ copy_into regular_template "$preset_corpus"/lrtemplate/* "$findings"/regular_tem
 copy_into dot_notation "$source_dir"/fuzz/inputs/dot_notation/* "$findings"/dot_notation/*
 copy_into xmp "$preset_corpus"/xmp/* "$findings"/xmp/*
 copy_into 3dl "$source_dir"/resources/data/*.3dl "$source_dir"/fuzz/inputs/3dl/* "$findings"/3dl/*
-copy_into costyle_writer "$findings"/costyle_writer/*
+copy_into costyle_writer "$source_dir"/fuzz/inputs/costyle_writer/* "$findings"/costyle_writer/*
 presets=("$preset_corpus"/lrtemplate/* "$preset_corpus"/xmp/*)
 if [ ${#presets[@]} -gt 0 ]; then
     "$make_writer_inputs" "$work/costyle_writer" "${presets[@]}"
