@@ -147,6 +147,9 @@ QString template_generator::table_list(int depth)
 QString template_generator::table(int depth)
 {
     QVector<entry> entries;
+    // Most templates have a title, the name their style carries.
+    if (depth == 0 && chance(80))
+        entries.append({QStringLiteral("title"), string_value()});
     const int count = pick(0, depth == 0 ? 12 : 6);
     for (int i = 0; i < count; ++i) {
         const int kind = pick(0, 99);

@@ -1,4 +1,7 @@
 #include "cli_runner.h"
+#include "importer/lightroom_importer.h"
+#include "quiet_log.h"
+#include "template_generator.h"
 #include "test_support.h"
 
 #include <QDir>
@@ -43,6 +46,52 @@ QByteArray without_uuid(QByteArray style)
 {
     static const QRegularExpression uuid(QStringLiteral("K=\"UUID\" V=\"[^\"]*\""));
     return QString::fromUtf8(style).replace(uuid, QStringLiteral("K=\"UUID\" V=\"\"")).toUtf8();
+}
+
+TEST(output_oracles_generated, xmllint_reads_the_styles_of_generated_presets_and_finds_their_names)
+{
+    const QString xmllint = tool("xmllint");
+    if (xmllint.isEmpty())
+        GTEST_SKIP() << "xmllint not installed";
+    // Random templates with titles and values full of what XML must escape
+    // (&, <, >, quotes), text beyond ASCII and right-to-left marks.
+    constexpr int preset_count = 120;
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString presets = dir.filePath(QStringLiteral("presets"));
+    QDir().mkpath(presets);
+    for (int i = 0; i < preset_count; ++i) {
+        QFile file(QDir(presets).filePath(QStringLiteral("generated-%1.lrtemplate").arg(i)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(template_generator(static_cast<std::uint32_t>(1000 + i)).make());
+    }
+    const QString out = dir.filePath(QStringLiteral("out"));
+    const process_result r = run_cli({QStringLiteral("-q"), QStringLiteral("-o"), out, presets}, dir.path());
+    ASSERT_TRUE(r.finished) << r.err.constData();
+    const QStringList styles = files_below(out, QStringLiteral("*.costyle"));
+    ASSERT_GT(styles.size(), preset_count / 2);
+
+    const process_result lint = run_program(xmllint, QStringList{QStringLiteral("--noout")} + styles, dir.path());
+    EXPECT_EQ(lint.exit_code, 0) << lint.err.constData();
+    int names = 0;
+    for (const QString& style : styles) {
+        lightroom_importer record;
+        {
+            const quiet_log quiet;
+            record.read_lrpreset(QDir(presets).filePath(QFileInfo(style).completeBaseName() + QStringLiteral(".lrtemplate")));
+        }
+        const process_result name = run_program(
+            xmllint, {QStringLiteral("--xpath"), QStringLiteral("string(/SL/E[@K='Name']/@V)"), style}, dir.path());
+        // xmllint ends what it prints with a line break of its own (and older
+        // versions fail on an empty result).
+        QString reported = name.exit_code == 0 ? QString::fromUtf8(name.out) : QString();
+        if (reported.endsWith(QLatin1Char('\n')))
+            reported.chop(1);
+        EXPECT_EQ(reported, record.name) << style.toStdString();
+        names += record.name.isEmpty() ? 0 : 1;
+    }
+    std::cout << styles.size() << " styles of generated presets read by xmllint, " << names
+              << " non-empty names found as the reader read them\n";
 }
 
 class output_oracles : public ::testing::Test {
