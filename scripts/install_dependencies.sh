@@ -16,8 +16,8 @@ packages=(
     liblcms2-dev lua5.4 libimage-exiftool-perl
     time  # /usr/bin/time -v for bench/cli_batch.sh
     clang libclang-rt-14-dev
-    # packaging checks
-    desktop-file-utils appstream dpkg-dev man-db help2man
+    # packaging and its checks (file: CPack finds the programs for dpkg-shlibdeps)
+    desktop-file-utils appstream dpkg-dev man-db help2man file shared-mime-info
 )
 
 missing=()

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QIcon>
+
+// The program's icon at every size it is rendered in, for window frames,
+// task bars and the about box.
+QIcon application_icon();

@@ -1,0 +1,314 @@
+#include "application/main_window.h"
+
+#include "application/dialog_settings.h"
+#include "application/settings_keys.h"
+#include "vel_toolkit/about_dialog.h"
+#include "vel_toolkit/app_nap.h"
+#include "vel_toolkit/dark_button.h"
+#include "vel_toolkit/dark_style.h"
+#include "vel_toolkit/help.h"
+#include "vel_toolkit/icon_loader.h"
+#include "vel_toolkit/information_box.h"
+#include "vel_toolkit/language.h"
+#include "vel_toolkit/line_edit.h"
+#include "vel_toolkit/qt_message_handler.h"
+#include "vel_toolkit/stk_layout.h"
+
+#include <QApplication>
+#include <QDebug>
+#include <QFileDialog>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTextCursor>
+#include <QTextEdit>
+
+#include <iostream>
+
+namespace {
+
+// Period of moving new log text into the log window: often enough to feel
+// live, rare enough to cost nothing.
+constexpr int log_timer_period_ms = 100;
+
+constexpr QSize log_window_size(800, 300);
+
+// Header bar: a picture strip of this height, shifted down by the margin.
+constexpr int header_height = 42;
+constexpr int header_top_margin = 4;
+
+constexpr QSize header_button_size(27, 26);
+constexpr QSize logo_size(354, 27);
+constexpr QSize open_button_size(23, 22);
+constexpr QSize convert_button_size(88, 54);
+constexpr int field_height = 22;
+constexpr int field_minimum_width = 290;
+
+constexpr int text_font_size = 12;
+constexpr int bold_font_size = 14;
+constexpr int bold_font_weight = 75;
+
+// The window's sizes are in pixels. On macOS a font point is one pixel, so
+// the sizes are points there; elsewhere (96 dots per inch) the same point
+// size would be a third larger than the fields made for it, so the size is
+// given in pixels for the same look.
+void set_font_size(QFont& font, int size)
+{
+#ifdef Q_OS_MACOS
+    font.setPointSize(size);
+#else
+    font.setPixelSize(size);
+#endif
+}
+
+// The family name a font file registers, or the fallback when the file is
+// missing. FreeSansBold.ttf registers as the bold face of "FreeSans".
+QString register_font(const QString& resource, const QString& fallback_family)
+{
+    const int id = QFontDatabase::addApplicationFont(resource);
+    const QStringList families = QFontDatabase::applicationFontFamilies(id);
+    return families.isEmpty() ? fallback_family : families.first();
+}
+
+struct font_families {
+    QString text;
+    QString bold;
+};
+
+// The embedded fonts, registered once per process.
+const font_families& embedded_fonts()
+{
+    static const font_families families{
+        register_font(QStringLiteral(":/images/FreeSans.ttf"), QStringLiteral("FreeSans")),
+        register_font(QStringLiteral(":/images/FreeSansBold.ttf"), QStringLiteral("FreeSansBold")),
+    };
+    return families;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent)
+{
+    saved_standard_output = std::cout.rdbuf(log_stream.rdbuf());
+    saved_standard_error = std::cerr.rdbuf(log_stream.rdbuf());
+
+    setup_log_window();
+    setup_fonts();
+    setup_layout();
+
+    auto* information_shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_G), this);
+    information_shortcut->setContext(Qt::ApplicationShortcut);
+    connect(information_shortcut, &QShortcut::activated, this, [this] { vel::information_box::show_modal(this); });
+
+    setWindowTitle(QCoreApplication::applicationName());
+    // Wider is fine, taller only adds empty space.
+    setFixedHeight(sizeHint().height());
+}
+
+MainWindow::~MainWindow()
+{
+    log_timer.stop();
+    std::cout.rdbuf(saved_standard_output);
+    std::cerr.rdbuf(saved_standard_error);
+}
+
+void MainWindow::setup_log_window()
+{
+    auto* log_shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_L), this);
+    log_shortcut->setContext(Qt::ApplicationShortcut);
+    connect(log_shortcut, &QShortcut::activated, this, &MainWindow::show_log_window);
+
+    log_window = std::make_unique<QTextEdit>();
+    // For reading and copying; typed text would mix with what was logged.
+    log_window->setReadOnly(true);
+    {
+        const std::lock_guard<std::mutex> lock(vel::log_write_mutex());
+        log_window->setPlainText(QString::fromStdString(log_stream.str()));
+        log_stream.str(std::string());
+    }
+    log_window->resize(log_window_size);
+    log_window->setStyleSheet(
+        QStringLiteral("background-color:rgb(47,47,47);color:rgb(184,196,191);border-color:rgb(99,99,99);"));
+    log_window->setWindowTitle(QStringLiteral("Application Log"));
+    // Closing the log only hides it; the program ends with the main window.
+    log_window->setAttribute(Qt::WA_QuitOnClose, false);
+    for (QScrollBar* bar : {log_window->verticalScrollBar(), log_window->horizontalScrollBar()}) {
+        QStyle* fusion = QStyleFactory::create(QStringLiteral("fusion"));
+        if (fusion) {
+            fusion->setParent(bar);
+            bar->setStyle(fusion);
+        }
+        bar->setStyleSheet(vel::dark_style::scroll_bar_sheet());
+    }
+
+    log_timer.setInterval(log_timer_period_ms);
+    connect(&log_timer, &QTimer::timeout, this, &MainWindow::move_log_text_to_window);
+    log_timer.start();
+}
+
+void MainWindow::show_log_window()
+{
+    // The window may take the focus as it opens, and the timer leaves a
+    // focused window alone: what is pending comes in now.
+    append_pending_log_text();
+    log_window->show();
+    log_window->raise();
+    log_window->activateWindow();
+}
+
+void MainWindow::move_log_text_to_window()
+{
+    // A hidden window needs no text yet, and a focused one may hold the
+    // user's selection: the text waits in the buffer until neither is so.
+    if (!log_window->isVisible() || log_window->hasFocus())
+        return;
+    append_pending_log_text();
+}
+
+void MainWindow::append_pending_log_text()
+{
+    QString text;
+    {
+        const std::lock_guard<std::mutex> lock(vel::log_write_mutex());
+        const std::string pending = log_stream.str();
+        if (pending.empty())
+            return;
+        text = QString::fromStdString(pending);
+        log_stream.str(std::string());
+    }
+    QTextCursor end(log_window->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(text);
+    log_window->verticalScrollBar()->setValue(log_window->verticalScrollBar()->maximum());
+}
+
+void MainWindow::setup_fonts()
+{
+    text_font = QFont(embedded_fonts().text);
+    set_font_size(text_font, text_font_size);
+    bold_font = QFont(embedded_fonts().bold);
+    bold_font.setWeight(bold_font_weight);
+    set_font_size(bold_font, bold_font_size);
+    QApplication::setFont(text_font);
+}
+
+void MainWindow::setup_layout()
+{
+    auto* central = new QWidget(this);
+    auto* grid = new stk::qt::layout(central);
+    setCentralWidget(central);
+    setStyleSheet(QStringLiteral("MainWindow{background-color:rgb(47,47,47);} *{color:rgb(198,213,210);}"));
+
+    setup_top_bar(grid);
+
+    auto* body = grid->cell_layout(1, 0, new stk::qt::layout(nullptr, {10, 20, 10, 20}, {6, 5}));
+    const QString folder_tip = tr("Select the folder where the converted Lightroom presets will be saved.");
+
+    auto* label = body->cell(0, 1, new QLabel(tr("Output Folder"), central));
+    label->setFont(bold_font);
+    label->setToolTip(folder_tip);
+
+    output_folder_field = body->cell(1, 1, new vel::line_edit(central));
+    output_folder_field->setReadOnly(true);
+    output_folder_field->setFixedHeight(field_height);
+    output_folder_field->setMinimumWidth(field_minimum_width);
+    output_folder_field->setText(output_folder());
+    output_folder_field->setToolTip(folder_tip);
+
+    auto* open_button = body->cell(1, 0, new vel::dark_button(QString(), central));
+    open_button->setFixedSize(open_button_size);
+    open_button->set_icon_path(QStringLiteral(":/images/icon_open.png"));
+    open_button->setToolTip(folder_tip);
+    connect(open_button, &QPushButton::clicked, this, &MainWindow::on_button_output_folder_clicked);
+
+    auto* convert_button = body->cell(0, 2, new vel::dark_button(QString(), central), 2, 2);
+    convert_button->setFixedSize(convert_button_size);
+    convert_button->set_icon_path(QStringLiteral(":/images/icon_convert.png"));
+    convert_button->setToolTip(tr("Load Lightroom preset(s) and convert to Capture One."));
+    connect(convert_button, &QPushButton::clicked, this, &MainWindow::on_button_convert_clicked);
+}
+
+void MainWindow::setup_top_bar(QGridLayout* grid)
+{
+    auto* header = new QWidget(centralWidget());
+    header->setObjectName(QStringLiteral("header"));
+    header->setAttribute(Qt::WA_StyledBackground, true);
+    header->setStyleSheet(QStringLiteral("#header{margin-top: %1px;background-image: "
+                                         "url(:/images/head_small_dark_without_shadow.png);}")
+                              .arg(header_top_margin));
+    header->setFixedHeight(header_height);
+    grid->addWidget(header, 0, 0);
+
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(10, 4, 10, 0);
+    row->setSpacing(8);
+
+    auto add_header_button = [&](const QString& icon, const QString& tip, void (MainWindow::*slot)()) {
+        auto* button = new vel::dark_button(QStringLiteral("header"), header);
+        button->setFixedSize(header_button_size);
+        button->set_icon_path(icon);
+        button->setToolTip(tip);
+        connect(button, &QPushButton::clicked, this, slot);
+        row->addWidget(button);
+    };
+
+    add_header_button(QStringLiteral(":/images/icon_settings.png"), tr("Show settings dialog"),
+                      &MainWindow::on_button_settings_clicked);
+
+    auto* logo = new QLabel(header);
+    logo->setFixedSize(logo_size);
+    logo->setPixmap(vel::load_pixmap(QStringLiteral(":/images/logo_small.png"), devicePixelRatioF()));
+    row->addWidget(logo);
+    row->addStretch(1);
+
+    add_header_button(QStringLiteral(":/images/icon_about.png"), tr("Show information about this program"),
+                      &MainWindow::on_button_about_clicked);
+    add_header_button(QStringLiteral(":/images/icon_help.png"), tr("Display the help page for this program"),
+                      &MainWindow::on_button_help_clicked);
+}
+
+QString MainWindow::output_folder() const
+{
+    return settings.value(settings_keys::output_dir.key, settings_keys::output_dir.default_value).toString();
+}
+
+void MainWindow::on_button_convert_clicked()
+{
+    // macOS must not nap the program while presets are converted.
+    const vel::app_nap_suppressor keep_awake(QStringLiteral("Converting Lightroom presets"));
+    qDebug() << "Convert button clicked";
+}
+
+void MainWindow::on_button_output_folder_clicked()
+{
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, tr("Select output folder"), output_folder() + QLatin1Char('/'));
+    if (folder.isEmpty())
+        return;
+    settings.setValue(settings_keys::output_dir.key, folder);
+    output_folder_field->setText(folder);
+}
+
+void MainWindow::on_button_settings_clicked()
+{
+    const QString previous_language = vel::get_language_suffix(QStringLiteral("lang"));
+    dialog_settings dialog(&settings, this);
+    dialog.exec();
+    vel::ask_for_application_restart_if_language_changed(this, previous_language);
+}
+
+void MainWindow::on_button_about_clicked()
+{
+    vel::about_dialog dialog(this);
+    dialog.exec();
+}
+
+void MainWindow::on_button_help_clicked()
+{
+    vel::open_help(QStringLiteral(":/help/index_%1.html"));
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QFont>
+#include <QMainWindow>
+#include <QSettings>
+#include <QTimer>
+
+#include <memory>
+#include <sstream>
+#include <streambuf>
+
+class QGridLayout;
+class QTextEdit;
+
+namespace vel {
+class line_edit;
+}
+
+// The program's one working window: the header with settings, about and
+// help, the output-folder row and the convert button. It also owns the
+// "Application Log" window, which shows everything written to the standard
+// streams while the main window exists.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+private slots:
+    void on_button_convert_clicked();
+    void on_button_output_folder_clicked();
+    void on_button_settings_clicked();
+    void on_button_about_clicked();
+    void on_button_help_clicked();
+
+private:
+    void setup_log_window();
+    void setup_fonts();
+    void setup_layout();
+    void setup_top_bar(QGridLayout* grid);
+    void show_log_window();
+    void move_log_text_to_window();
+    void append_pending_log_text();
+    QString output_folder() const;
+
+    // Declared first: constructed before anything can log, destroyed last.
+    std::stringstream log_stream;
+    std::streambuf* saved_standard_output = nullptr;
+    std::streambuf* saved_standard_error = nullptr;
+
+    QFont text_font;
+    QFont bold_font;
+    QSettings settings;
+    // No parent: a window of its own, deleted with the main window.
+    std::unique_ptr<QTextEdit> log_window;
+    QTimer log_timer;
+    vel::line_edit* output_folder_field = nullptr;
+};

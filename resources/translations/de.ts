@@ -1,0 +1,146 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Select the folder where the converted Lightroom presets will be saved.</source>
+        <translation>Wählen Sie den Ordner, in dem die konvertierten Lightroom-Presets gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>Output Folder</source>
+        <translation>Ausgabeordner</translation>
+    </message>
+    <message>
+        <source>Load Lightroom preset(s) and convert to Capture One.</source>
+        <translation>Lightroom-Preset(s) laden und für Capture One konvertieren.</translation>
+    </message>
+    <message>
+        <source>Show settings dialog</source>
+        <translation>Einstellungen anzeigen</translation>
+    </message>
+    <message>
+        <source>Show information about this program</source>
+        <translation>Informationen über dieses Programm anzeigen</translation>
+    </message>
+    <message>
+        <source>Display the help page for this program</source>
+        <translation>Hilfeseite zu diesem Programm anzeigen</translation>
+    </message>
+    <message>
+        <source>Select output folder</source>
+        <translation>Ausgabeordner wählen</translation>
+    </message>
+    <message>
+        <source>Convert</source>
+        <translation>Konvertieren</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Convert All</source>
+        <translation>Alle konvertieren</translation>
+    </message>
+    <message>
+        <source>Skip All</source>
+        <translation>Alle überspringen</translation>
+    </message>
+    <message>
+        <source>White balance modified by preset</source>
+        <translation>Weißabgleich durch Preset verändert</translation>
+    </message>
+    <message>
+        <source>Your preset %1 contains values for the white balance.&lt;br/&gt;&lt;br/&gt;Equal white balance values can lead to different results in Capture One.&lt;br/&gt;Thus Stylewright translates the values instead of adapting them visually.&lt;br/&gt;Anyway we recommend to keep the white balance settings for neutralizing the image instead of using them for creating a look.&lt;br/&gt;For this reason they should not be inside a preset.</source>
+        <translation>Ihr Preset %1 enthält Werte für den Weißabgleich.&lt;br/&gt;&lt;br/&gt;Gleiche Weißabgleichswerte können in Capture One zu anderen Ergebnissen führen.&lt;br/&gt;Deshalb übersetzt Stylewright die Werte, statt sie nach Augenmaß anzugleichen.&lt;br/&gt;Wir empfehlen trotzdem, den Weißabgleich zum Neutralisieren des Bildes zu verwenden und nicht, um einen Look zu gestalten.&lt;br/&gt;Aus diesem Grund sollte er nicht in einem Preset enthalten sein.</translation>
+    </message>
+    <message>
+        <source>LUT</source>
+        <translation>Farbtabelle (LUT)</translation>
+    </message>
+    <message>
+        <source>Dehaze</source>
+        <translation>Dunst entfernen</translation>
+    </message>
+    <message>
+        <source>Unsupported parameters in preset</source>
+        <translation>Nicht unterstützte Parameter im Preset</translation>
+    </message>
+    <message>
+        <source>Your selected preset %1 contains the following parameters, which can&apos;t be mapped in Capture One:&lt;br/&gt;%2&lt;br/&gt;These parameters will be ignored.</source>
+        <translation>Ihr gewähltes Preset %1 enthält die folgenden Parameter, die sich in Capture One nicht abbilden lassen:&lt;br/&gt;%2&lt;br/&gt;Diese Parameter werden ignoriert.</translation>
+    </message>
+    <message>
+        <source>Camera calibration modified by preset</source>
+        <translation>Kamerakalibrierung durch Preset verändert</translation>
+    </message>
+    <message>
+        <source>The preset %1 contains values for the camera calibration.&lt;br/&gt;These settings may influence the resulting look significantly but will not be converted to Capture One.&lt;br/&gt;We recommend to reserve these parameters for the calibration of your camera and not for creating creative looks.</source>
+        <translation>Das Preset %1 enthält Werte für die Kamerakalibrierung.&lt;br/&gt;Diese Einstellungen können den Look erheblich beeinflussen, werden aber nicht nach Capture One übertragen.&lt;br/&gt;Wir empfehlen, diese Parameter der Kalibrierung Ihrer Kamera vorzubehalten und nicht für kreative Looks zu verwenden.</translation>
+    </message>
+    <message>
+        <source>Unsupported preset format</source>
+        <translation>Nicht unterstütztes Preset-Format</translation>
+    </message>
+    <message>
+        <source>Your preset %1 is in a format Stylewright can&apos;t convert.</source>
+        <translation>Ihr Preset %1 liegt in einem Format vor, das Stylewright nicht konvertieren kann.</translation>
+    </message>
+    <message>
+        <source>Can&apos;t read preset</source>
+        <translation>Preset kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Your preset %1 can&apos;t be processed by Stylewright.&lt;br/&gt;&lt;br/&gt;Please contact the Quillmark support and send them a screenshot of this message and the preset file stated above to </source>
+        <translation>Ihr Preset %1 kann von Stylewright nicht verarbeitet werden.&lt;br/&gt;&lt;br/&gt;Bitte wenden Sie sich an den Quillmark-Support und senden Sie ein Bildschirmfoto dieser Meldung und die oben genannte Preset-Datei an </translation>
+    </message>
+    <message>
+        <source>Preset conversion failed</source>
+        <translation>Konvertierung des Presets fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>The preset %1 could not be converted to Capture One format.&lt;br&gt;Please contact Quillmark support and send them a screenshot of this message and the preset file stated above to </source>
+        <translation>Das Preset %1 konnte nicht in das Capture-One-Format konvertiert werden.&lt;br&gt;Bitte wenden Sie sich an den Quillmark-Support und senden Sie ein Bildschirmfoto dieser Meldung und die oben genannte Preset-Datei an </translation>
+    </message>
+    <message>
+        <source>Can&apos;t write style</source>
+        <translation>Stil kann nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>The style %1 could not be written.&lt;br/&gt;%2</source>
+        <translation>Der Stil %1 konnte nicht gespeichert werden.&lt;br/&gt;%2</translation>
+    </message>
+</context>
+<context>
+    <name>dialog_settings</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Separate Styles</source>
+        <translation>Einzelne Stile</translation>
+    </message>
+    <message>
+        <source>Stylepack</source>
+        <translation>Stilpaket</translation>
+    </message>
+    <message>
+        <source>Stylepack with Category</source>
+        <translation>Stilpaket mit Kategorie</translation>
+    </message>
+    <message>
+        <source>Color Space</source>
+        <translation>Farbraum</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QApplication>
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+// Shared set-up of the widget tests: private XDG folders and temporary
+// folder (so no test reads or writes the user's settings or leaves files
+// behind), the program's identity, and the off-screen platform unless
+// another one is asked for.
+namespace gui_test {
+
+inline void use_private_folders(const QString& root)
+{
+    qputenv("XDG_CONFIG_HOME", (root + QStringLiteral("/config")).toLocal8Bit());
+    qputenv("XDG_DATA_HOME", (root + QStringLiteral("/data")).toLocal8Bit());
+    qputenv("XDG_CACHE_HOME", (root + QStringLiteral("/cache")).toLocal8Bit());
+    qputenv("TMPDIR", root.toLocal8Bit());
+    const QString runtime = root + QStringLiteral("/runtime");
+    QDir().mkpath(runtime);
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+inline void set_identity()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Quillmark"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("quillmark.example"));
+    QCoreApplication::setApplicationName(QStringLiteral("Stylewright"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.0.8"));
+}
+
+template<class test_class>
+int run(int argc, char** argv)
+{
+    QTemporaryDir private_root;
+    use_private_folders(private_root.path());
+    set_identity();
+    QApplication application(argc, argv);
+    // Closing a test's last window must not end anything.
+    QApplication::setQuitOnLastWindowClosed(false);
+    test_class test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+} // namespace gui_test
+
+#define STYLEWRIGHT_GUI_TEST_MAIN(test_class)                                                                \
+    int main(int argc, char** argv)                                                                          \
+    {                                                                                                        \
+        return gui_test::run<test_class>(argc, argv);                                                        \
+    }

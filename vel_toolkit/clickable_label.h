@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLabel>
+
+namespace vel {
+
+// A label that reports a click of the left mouse button, for texts that
+// lead somewhere (a folder, a page) without looking like a button.
+class clickable_label : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit clickable_label(const QString& text = QString(), QWidget* parent = nullptr);
+
+signals:
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    bool pressed_inside = false;
+};
+
+} // namespace vel

@@ -1,0 +1,73 @@
+#include "vel_toolkit/help.h"
+
+#include "vel_toolkit/language.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QTextStream>
+#include <QUrl>
+
+namespace vel {
+
+shortcut_key_names platform_shortcut_key_names()
+{
+#ifdef Q_OS_MACOS
+    return shortcut_key_names::command_key;
+#else
+    return shortcut_key_names::control_key;
+#endif
+}
+
+QString replace_shortcut_names(QString text, shortcut_key_names names)
+{
+    // The order matters: the escapes must outlive the first two replacements.
+    if (names == shortcut_key_names::command_key) {
+        text.replace(QLatin1String("Ctrl"), QLatin1String("Cmd"));
+        text.replace(QLatin1String("Strg"), QLatin1String("Cmd"));
+    }
+    text.replace(QLatin1String("StXrg"), QLatin1String("Ctrl"));
+    text.replace(QLatin1String("CtXrl"), QLatin1String("Ctrl"));
+    return text;
+}
+
+void open_help(const QString& path_template)
+{
+    const QString code = get_language_suffix(QStringLiteral("lang"));
+    const QString resource_name = path_template.arg(code);
+
+    QByteArray page;
+    QFile resource(resource_name);
+    if (resource.open(QIODevice::ReadOnly))
+        page = resource.readAll();
+    if (page.isEmpty()) {
+        qWarning() << "Could not open help file for language" << code << "with template" << path_template
+                   << "resulting in" << resource_name;
+        return;
+    }
+    const QString text = replace_shortcut_names(QString::fromUtf8(page), platform_shortcut_key_names());
+
+    // The browser cannot read compiled-in resources: it gets a copy, one per
+    // language, replaced on every opening.
+    const QString program = QCoreApplication::applicationName().toLower().remove(QLatin1Char(' '));
+    const QString copy_name = QDir::tempPath() + QStringLiteral("/%1_help_%2.html").arg(program, code);
+    QSaveFile copy(copy_name);
+    if (!copy.open(QIODevice::WriteOnly)) {
+        qWarning() << "Could not write the help page to" << copy_name << ":" << copy.errorString();
+        return;
+    }
+    QTextStream stream(&copy);
+    stream.setCodec("UTF-8");
+    stream << text;
+    stream.flush();
+    if (!copy.commit()) {
+        qWarning() << "Could not write the help page to" << copy_name << ":" << copy.errorString();
+        return;
+    }
+    QDesktopServices::openUrl(QUrl::fromLocalFile(copy_name));
+}
+
+} // namespace vel

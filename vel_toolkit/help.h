@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace vel {
+
+// How the platform names the key of its shortcuts.
+enum class shortcut_key_names {
+    command_key, // macOS: Qt's Ctrl is the Command key, shown as "Cmd"
+    control_key, // elsewhere: Ctrl is Ctrl ("Strg" on German keyboards)
+};
+
+// The names of the platform the program runs on.
+shortcut_key_names platform_shortcut_key_names();
+
+// Help pages write shortcuts with "Ctrl" (German "Strg"), the key Qt calls
+// Ctrl. On macOS that key is Command, so both become "Cmd". Where a page
+// means the real Control key it writes "CtXrl" or "StXrg", which become
+// "Ctrl" on every platform.
+QString replace_shortcut_names(QString text, shortcut_key_names names);
+
+// Shows the help page of the current language (path_template with %1 for the
+// language code) in the system's browser, through a copy in the temporary folder.
+void open_help(const QString& path_template);
+
+} // namespace vel
