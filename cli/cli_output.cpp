@@ -135,10 +135,12 @@ void end_progress()
     }
 }
 
-void write_stdout(const QByteArray& bytes)
+bool write_stdout(const QByteArray& bytes)
 {
-    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
-    std::fflush(stdout);
+    const size_t written = std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    // The stream buffers: a full disk often shows only when it is flushed.
+    const bool flushed = std::fflush(stdout) == 0;
+    return written == size_t(bytes.size()) && flushed;
 }
 
 } // namespace cli_output

@@ -31,6 +31,8 @@ void progress(int index, int count, const QString& file);
 void end_progress();
 
 // Raw bytes for standard output (a style document, the --inspect document).
-void write_stdout(const QByteArray& bytes);
+// False when they did not all arrive (a full disk, a closed pipe); the reason
+// is then in errno.
+bool write_stdout(const QByteArray& bytes);
 
 } // namespace cli_output

@@ -11,8 +11,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+
+#include <cerrno>
 
 namespace {
 
@@ -21,6 +24,17 @@ constexpr int exit_failure = 1;
 constexpr int exit_usage = 2;
 
 const QString program_name = QStringLiteral("stylewright-cli");
+
+// A document that did not reach standard output is a failure like any other,
+// not a silent success.
+bool write_document(const QByteArray& bytes)
+{
+    errno = 0;
+    if (cli_output::write_stdout(bytes))
+        return true;
+    cli_output::error_line(QStringLiteral("Can't write to standard output: %1.").arg(qt_error_string(errno)));
+    return false;
+}
 
 int usage_error(const QString& message)
 {
@@ -41,7 +55,8 @@ int inspect(const QVector<input_file>& files)
             failed = true;
         }
     }
-    cli_output::write_stdout(QJsonDocument(presets).toJson(QJsonDocument::Indented));
+    if (!write_document(QJsonDocument(presets).toJson(QJsonDocument::Indented)))
+        failed = true;
     return failed ? exit_failure : exit_success;
 }
 
@@ -53,12 +68,20 @@ int convert(const cli_options& options, const QVector<input_file>& files)
     int missing = 0;
     QStringList presets;
     for (const input_file& file : files) {
-        if (file.exists) {
-            presets.append(file.path);
-        } else {
+        if (!file.exists) {
             cli_output::error_line(file.path + QStringLiteral(": No such file or folder."));
             ++missing;
+            continue;
         }
+        // The readers take a file they cannot open for an empty preset, which
+        // would turn a permission problem into an empty style.
+        QFile readable(file.path);
+        if (!readable.open(QIODevice::ReadOnly)) {
+            cli_output::error_line(file.path + QStringLiteral(": Can't open the file: %1.").arg(readable.errorString()));
+            ++missing;
+            continue;
+        }
+        presets.append(file.path);
     }
     const bool separate = options.pack_path.isEmpty() && !options.to_stdout;
     if (separate && !QDir().mkpath(options.output_folder)) {
@@ -79,8 +102,10 @@ int convert(const cli_options& options, const QVector<input_file>& files)
     result.failed += missing;
 
     if (options.to_stdout) {
-        if (!result.pack_entries.isEmpty())
-            cli_output::write_stdout(result.pack_entries.first().toUtf8());
+        if (!result.pack_entries.isEmpty() && !write_document(result.pack_entries.first().toUtf8())) {
+            result.failed += result.converted;
+            result.converted = 0;
+        }
     } else if (!separate) {
         if (result.pack_entries.isEmpty()) {
             cli_output::log_line(QtWarningMsg,
