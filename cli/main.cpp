@@ -6,7 +6,7 @@
 #include "cli/cli_options.h"
 #include "cli/cli_output.h"
 #include "cli/cli_shell.h"
-#include "cli/inspect_json.h"
+#include "cli/preset_report_json.h"
 #include "cli/preset_search.h"
 
 #include <QCoreApplication>

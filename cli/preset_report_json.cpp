@@ -1,4 +1,4 @@
-#include "cli/inspect_json.h"
+#include "cli/preset_report_json.h"
 
 #include "application/conversion_messages.h"
 #include "application/preset_reading.h"
