@@ -1,0 +1,23 @@
+#include "application/output_format.h"
+
+QString output_format_name(output_format format)
+{
+    switch (format) {
+    case output_format::separate:
+        return QStringLiteral("separate");
+    case output_format::stylepack:
+        return QStringLiteral("stylepack");
+    case output_format::stylepack_category:
+        return QStringLiteral("stylepack_category");
+    }
+    return QString();
+}
+
+std::optional<output_format> parse_output_format(const QString& name)
+{
+    for (const output_format format : all_output_formats) {
+        if (output_format_name(format) == name)
+            return format;
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,27 @@
+#include "writer/colour_space.h"
+
+QString colour_space_name(colour_space space)
+{
+    switch (space) {
+    case colour_space::raw:
+        return QStringLiteral("raw");
+    case colour_space::adobe:
+        return QStringLiteral("adobe");
+    case colour_space::srgb:
+        return QStringLiteral("srgb");
+    case colour_space::prophoto:
+        return QStringLiteral("prophoto");
+    case colour_space::widegamut:
+        return QStringLiteral("widegamut");
+    }
+    return QString();
+}
+
+std::optional<colour_space> parse_colour_space(const QString& name)
+{
+    for (const colour_space space : all_colour_spaces) {
+        if (colour_space_name(space) == name)
+            return space;
+    }
+    return std::nullopt;
+}
