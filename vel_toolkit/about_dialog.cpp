@@ -67,9 +67,10 @@ about_dialog::about_dialog(QWidget* parent, const QVector<library_info>& librari
     const QString link_style = QStringLiteral("color:rgb(232,164,60);text-decoration:none");
     maker->setText(
         QStringLiteral("%1<br/>%2: <a style=\"%5\" href=\"https://www.%3\">www.%3</a><br/>"
-                       "%4: <a style=\"%5\" href=\"mailto:support@%3\">support@%3</a>")
+                       "%4: <a style=\"%5\" href=\"mailto:support@%3\">support@%3</a><br/><br/>%6")
             .arg(QCoreApplication::organizationName().toHtmlEscaped(), tr("Website"), domain, tr("Support"),
-                 link_style));
+                 link_style,
+                 tr("Licensed under the GNU General Public License, version 3 or later.").toHtmlEscaped()));
 
     QString library_table =
         QStringLiteral("<b>%1</b><table cellspacing=\"0\" cellpadding=\"2\">").arg(tr("Libraries used"));

@@ -28,6 +28,10 @@
         <translation>Support</translation>
     </message>
     <message>
+        <source>Licensed under the GNU General Public License, version 3 or later.</source>
+        <translation>Lizenziert unter der GNU General Public License, Version 3 oder später.</translation>
+    </message>
+    <message>
         <source>Libraries used</source>
         <translation>Verwendete Bibliotheken</translation>
     </message>
