@@ -99,7 +99,7 @@ done
 
 echo "== contents"
 dpkg-deb -c "$deb" | awk '{print $6}' | sed 's|^\./|/|' | sort >"$work/contents"
-expected_files=(/usr/bin/stylewright-cli /usr/share/man/man1/stylewright-cli.1.gz)
+expected_files=(/usr/bin/stylewright-cli /usr/share/man/man1/stylewright-cli.1.gz /usr/share/doc/stylewright/copyright)
 if [ -n "$gui_binary" ]; then
     expected_files+=(
         /usr/bin/stylewright

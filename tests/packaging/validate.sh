@@ -61,6 +61,9 @@ mime)
     ;;
 man)
     need man
+    # -l and --warnings are man-db's (which brings mandb); the man of macOS
+    # and the BSDs has neither.
+    need mandb
     # --warnings=w makes groff report every bad request, macro and escape on
     # standard error.
     rendered="$(mktemp)"
