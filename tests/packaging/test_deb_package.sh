@@ -87,13 +87,15 @@ expect_field Maintainer "Quillmark <support@quillmark.example>"
 expect_field Homepage "https://quillmark.example"
 expect_field Section graphics
 depends="$(dpkg-deb -f "$deb" Depends)"
-expected_depends=(libc6 libstdc++6 libqt5core5a libzip4)
+# Package names as extended regular expressions: Ubuntu 24.04 renamed the Qt
+# and libzip libraries for its 64-bit time_t (libqt5core5t64, libzip4t64).
+expected_depends=('libc6' 'libstdc\+\+6' 'libqt5core5(a|t64)' 'libzip4(t64)?')
 if [ -n "$gui_binary" ]; then
-    expected_depends+=(libqt5widgets5)
+    expected_depends+=('libqt5widgets5(t64)?')
 fi
 for package in "${expected_depends[@]}"; do
     # Every dependency comes from dpkg-shlibdeps with a minimum version.
-    grep -Eq "(^|, )${package//+/\\+} \(>= [^)]+\)" <<<"$depends" \
+    grep -Eq "(^|, )${package} \(>= [^)]+\)" <<<"$depends" \
         || fail "Depends lacks a versioned $package: $depends"
 done
 
