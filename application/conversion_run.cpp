@@ -45,7 +45,7 @@ bool goes_on(question_answer answer, answer_memory& memory)
 class conversion_run {
 public:
     conversion_run(const conversion_options& options, conversion_shell& shell)
-        : options_(options), shell_(shell), separate_(options.format == QLatin1String("separate")),
+        : options_(options), shell_(shell), separate_(!is_pack(options.format)),
           labels_(conversion_messages::translated_labels())
     {
     }
@@ -125,8 +125,7 @@ private:
             return turn_outcome::skipped;
 
         QString document;
-        const bool converted = options_.colour_space ? writer.create_costyle(record, document, *options_.colour_space)
-                                                     : writer.create_costyle(record, document);
+        const bool converted = writer.create_costyle(record, document, options_.colour_space);
         if (!converted) {
             shell_.report_failure(conversion_messages::conversion_failed(path));
             return turn_outcome::failed;

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "application/conversion_messages.h"
+#include "application/output_format.h"
+#include "writer/colour_space.h"
 
 #include <QMap>
 #include <QString>
 #include <QStringList>
-#include <optional>
 
 // A shell's answer to one question. closed: the box was closed without a button,
 // which converts the preset like "Convert".
@@ -37,12 +38,12 @@ public:
 };
 
 struct conversion_options {
-    // "separate" writes one style file per preset into the output folder; every
-    // other value collects the styles for a style pack.
-    QString format = QStringLiteral("separate");
-    // The colour space to convert into ("raw", "adobe", ...); without a value the
-    // writer reads the stored "colorspace" setting.
-    std::optional<QString> colour_space;
+    // Separate styles are written into the output folder one by one; the pack
+    // formats collect them for a style pack.
+    output_format format = output_format::separate;
+    // The colour space to convert into, by its name ("raw", "adobe", ...); an
+    // unknown name converts without a colour table.
+    QString colour_space = colour_space_name(colour_space::raw);
 };
 
 struct conversion_result {

@@ -1,5 +1,9 @@
 #include "application/dialog_settings.h"
 
+#include "application/output_format.h"
+#include "application/settings_keys.h"
+#include "writer/colour_space.h"
+
 #include "vel_toolkit/combo_box.h"
 #include "vel_toolkit/language.h"
 
@@ -37,17 +41,20 @@ dialog_settings::dialog_settings(QSettings* settings, QWidget* parent)
     };
 
     format_box = add_box(tr("Format"), wide_box_minimum_width);
-    format_box->addItem(tr("Separate Styles"), QStringLiteral("separate"));
-    format_box->addItem(tr("Stylepack"), QStringLiteral("stylepack"));
-    format_box->addItem(tr("Stylepack with Category"), QStringLiteral("stylepack_category"));
+    format_box->addItem(tr("Separate Styles"), output_format_name(output_format::separate));
+    format_box->addItem(tr("Stylepack"), output_format_name(output_format::stylepack));
+    format_box->addItem(tr("Stylepack with Category"), output_format_name(output_format::stylepack_category));
 
     // Colour-space names are the same in every language.
     colour_space_box = add_box(tr("Color Space"), wide_box_minimum_width);
-    colour_space_box->addItem(QStringLiteral("RAW"), QStringLiteral("raw"));
-    colour_space_box->addItem(QStringLiteral("JPG/TIF/etc. Adobe RGB"), QStringLiteral("adobe"));
-    colour_space_box->addItem(QStringLiteral("JPG/TIF/etc. sRGB"), QStringLiteral("srgb"));
-    colour_space_box->addItem(QStringLiteral("JPG/TIF/etc. ProPhoto RGB"), QStringLiteral("prophoto"));
-    colour_space_box->addItem(QStringLiteral("JPG/TIF/etc. Wide Gamut RGB"), QStringLiteral("widegamut"));
+    const auto add_space = [this](const char* text, colour_space space) {
+        colour_space_box->addItem(QString::fromLatin1(text), colour_space_name(space));
+    };
+    add_space("RAW", colour_space::raw);
+    add_space("JPG/TIF/etc. Adobe RGB", colour_space::adobe);
+    add_space("JPG/TIF/etc. sRGB", colour_space::srgb);
+    add_space("JPG/TIF/etc. ProPhoto RGB", colour_space::prophoto);
+    add_space("JPG/TIF/etc. Wide Gamut RGB", colour_space::widegamut);
 
     // Each language is named in itself, so it can be found whatever language is shown.
     language_box = add_box(tr("Language"), language_box_minimum_width);
@@ -65,25 +72,22 @@ dialog_settings::dialog_settings(QSettings* settings, QWidget* parent)
 
 void dialog_settings::select_stored_values()
 {
-    // Any format but the two plain ones shows as the category pack, although
-    // the conversion treats an unknown value as a plain pack.
-    const QString format = settings->value(QStringLiteral("format"), QStringLiteral("separate")).toString();
-    if (format == QLatin1String("separate") || format == QLatin1String("stylepack"))
-        format_box->select_data(format);
-    else
-        format_box->select_data(QStringLiteral("stylepack_category"));
+    // An unknown stored format shows as the category pack, although the
+    // conversion treats it as a plain pack.
+    const QString format = settings->value(settings_keys::format.key, settings_keys::format.default_value).toString();
+    format_box->select_data(output_format_name(parse_output_format(format).value_or(output_format::stylepack_category)));
 
-    const QString colour_space = settings->value(QStringLiteral("colorspace"), QStringLiteral("raw")).toString();
-    if (!colour_space_box->select_data(colour_space))
-        colour_space_box->select_data(QStringLiteral("raw"));
+    const QString space =
+        settings->value(settings_keys::colour_space.key, settings_keys::colour_space.default_value).toString();
+    colour_space_box->select_data(colour_space_name(parse_colour_space(space).value_or(colour_space::raw)));
 
-    const QString language = vel::get_language_suffix(QStringLiteral("lang"));
+    const QString language = vel::get_language_suffix(settings_keys::lang);
     language_box->select_data(language == QLatin1String("de") ? QStringLiteral("de") : QStringLiteral("en"));
 }
 
 void dialog_settings::save_settings() const
 {
-    settings->setValue(QStringLiteral("format"), format_box->currentData().toString());
-    settings->setValue(QStringLiteral("colorspace"), colour_space_box->currentData().toString());
-    settings->setValue(QStringLiteral("lang"), language_box->currentData().toString());
+    settings->setValue(settings_keys::format.key, format_box->currentData().toString());
+    settings->setValue(settings_keys::colour_space.key, colour_space_box->currentData().toString());
+    settings->setValue(settings_keys::lang, language_box->currentData().toString());
 }

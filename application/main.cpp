@@ -1,3 +1,4 @@
+#include "application/settings_keys.h"
 #include "application/application_icon.h"
 #include "application/main_window.h"
 #include "application/translation_loader.h"
@@ -40,7 +41,7 @@ int main(int argc, char* argv[])
     QApplication::setStyle(style);
     QApplication::setWindowIcon(application_icon());
 
-    const auto translators = install_translators(vel::get_language_suffix(QStringLiteral("lang")));
+    const auto translators = install_translators(vel::get_language_suffix(settings_keys::lang));
 
     int result = 0;
     {

@@ -329,7 +329,11 @@ void MainWindow::convert_presets(const QStringList& files)
     settings.setValue(settings_keys::input_dir.key, QFileInfo(files.first()).absolutePath());
 
     conversion_options options;
-    options.format = settings.value(QStringLiteral("format"), QStringLiteral("separate")).toString();
+    // Any format but "separate" is a pack; an unknown one a plain pack.
+    options.format = parse_output_format(settings.value(settings_keys::format.key, settings_keys::format.default_value).toString())
+                         .value_or(output_format::stylepack);
+    options.colour_space =
+        settings.value(settings_keys::colour_space.key, settings_keys::colour_space.default_value).toString();
 
     converting = true;
     convert_button->setEnabled(false);
@@ -348,7 +352,7 @@ void MainWindow::convert_presets(const QStringList& files)
                              .arg(result.skipped)
                              .arg(result.failed)
                              .arg(result.cancelled ? QStringLiteral(", cancelled") : QString());
-    save_stylepack(result.pack_entries, options.format == QLatin1String("stylepack_category"));
+    save_stylepack(result.pack_entries, options.format == output_format::stylepack_category);
 }
 
 void MainWindow::save_stylepack(const QMap<QString, QString>& entries, bool with_category)
@@ -377,7 +381,7 @@ void MainWindow::on_button_output_folder_clicked()
 
 void MainWindow::on_button_settings_clicked()
 {
-    const QString previous_language = vel::get_language_suffix(QStringLiteral("lang"));
+    const QString previous_language = vel::get_language_suffix(settings_keys::lang);
     dialog_settings dialog(&settings, this);
     dialog.exec();
     vel::ask_for_application_restart_if_language_changed(this, previous_language);

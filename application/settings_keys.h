@@ -1,8 +1,10 @@
 #pragma once
 
+#include "vel_toolkit/language.h"
+
 #include <QString>
 
-// Keys of the stored settings whose default depends on the platform.
+// Every key of the stored settings; only the window stores settings.
 namespace settings_keys {
 
 struct key_with_default {
@@ -14,5 +16,11 @@ struct key_with_default {
 extern const key_with_default input_dir;
 // Target folder of separate styles and start folder of the style-pack dialog.
 extern const key_with_default output_dir;
+// The output format by its name (output_format.h).
+extern const key_with_default format;
+// The colour space the styles are made for, by its name (colour_space.h).
+extern const key_with_default colour_space;
+// The language; without a stored value it follows the system.
+inline const QString& lang = vel::language_setting_key;
 
 } // namespace settings_keys

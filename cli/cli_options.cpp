@@ -4,8 +4,29 @@
 
 namespace {
 
-const QStringList colour_spaces = {QStringLiteral("raw"), QStringLiteral("adobe"), QStringLiteral("srgb"),
-                                   QStringLiteral("prophoto"), QStringLiteral("widegamut")};
+QStringList colour_space_names()
+{
+    QStringList names;
+    for (const colour_space space : all_colour_spaces)
+        names.append(colour_space_name(space));
+    return names;
+}
+
+// "raw (default), adobe, srgb, prophoto, widegamut."
+QString colour_space_help()
+{
+    QStringList names = colour_space_names();
+    names.first() += QStringLiteral(" (default)");
+    return names.join(QStringLiteral(", ")) + QLatin1Char('.');
+}
+
+// "raw, adobe, srgb, prophoto or widegamut"
+QString colour_space_choice()
+{
+    QStringList names = colour_space_names();
+    const QString last = names.takeLast();
+    return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+}
 
 parsed_command_line usage_error(const QString& message)
 {
@@ -45,8 +66,8 @@ parsed_command_line parse_command_line(const QStringList& arguments)
                                                    "folder; created if missing)."),
                                     QStringLiteral("DIR"));
     const QCommandLineOption colorspace({QStringLiteral("c"), QStringLiteral("colorspace")},
-                                        QStringLiteral("raw (default), adobe, srgb, prophoto, widegamut."),
-                                        QStringLiteral("NAME"), QStringLiteral("raw"));
+                                        colour_space_help(), QStringLiteral("NAME"),
+                                        colour_space_name(colour_space::raw));
     const QCommandLineOption pack({QStringLiteral("p"), QStringLiteral("pack")},
                                   QStringLiteral("Write one .costylepack archive instead of separate files."),
                                   QStringLiteral("FILE"));
@@ -97,7 +118,6 @@ parsed_command_line parse_command_line(const QStringList& arguments)
 
     cli_options& options = parsed.options;
     options.inputs = parser.positionalArguments();
-    options.colour_space = parser.value(colorspace).toLower();
     options.pack_path = parser.value(pack);
     options.category = parser.isSet(category);
     options.to_stdout = parser.isSet(to_stdout);
@@ -105,9 +125,11 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     if (parser.isSet(output))
         options.output_folder = parser.value(output);
 
-    if (!colour_spaces.contains(options.colour_space))
-        return usage_error(QStringLiteral("Unknown colour space '%1' (raw, adobe, srgb, prophoto or widegamut).")
-                               .arg(parser.value(colorspace)));
+    const std::optional<colour_space> named = parse_colour_space(parser.value(colorspace).toLower());
+    if (!named)
+        return usage_error(QStringLiteral("Unknown colour space '%1' (%2).")
+                               .arg(parser.value(colorspace), colour_space_choice()));
+    options.space = *named;
     const std::pair<const QCommandLineOption*, question_answer*> answers[] = {{&white_balance, &options.white_balance},
                                                                               {&unsupported, &options.unsupported},
                                                                               {&calibration, &options.calibration}};

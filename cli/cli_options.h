@@ -1,6 +1,7 @@
 #pragma once
 
 #include "application/conversion_run.h"
+#include "writer/colour_space.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,7 +14,7 @@ struct cli_options {
     QStringList inputs;
     // Target of separate styles.
     QString output_folder = QStringLiteral(".");
-    QString colour_space = QStringLiteral("raw");
+    colour_space space = colour_space::raw;
     // The style-pack archive; empty for separate styles.
     QString pack_path;
     bool category = false;

@@ -92,10 +92,10 @@ int convert(const cli_options& options, const QVector<input_file>& files)
     conversion_options conversion;
     // The run collects the styles for a pack in every format but "separate"; the
     // one style for standard output is collected the same way.
-    conversion.format = separate           ? QStringLiteral("separate")
-                        : options.category ? QStringLiteral("stylepack_category")
-                                           : QStringLiteral("stylepack");
-    conversion.colour_space = options.colour_space;
+    conversion.format = separate           ? output_format::separate
+                        : options.category ? output_format::stylepack_category
+                                           : output_format::stylepack;
+    conversion.colour_space = colour_space_name(options.space);
     cli_shell shell(options);
     conversion_result result = run_conversion(presets, conversion, shell);
     cli_output::end_progress();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "color/table_allocator.h"
-
 #include <QByteArray>
 #include <QString>
 #include <array>
@@ -20,7 +18,7 @@ struct colour_entry {
 class colour_table {
 public:
     std::uint32_t size = 0;
-    std::vector<colour_entry, table_allocator<colour_entry>> entries;
+    std::vector<colour_entry> entries;
     QByteArray title;
 
     // Trilinear value at an 8-bit colour (each component 0..255).

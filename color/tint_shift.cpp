@@ -3,7 +3,6 @@
 #include "color/curve_types.h"
 #include "color/tone_curve.h"
 
-#include <QDebug>
 
 namespace {
 
@@ -38,22 +37,20 @@ const point_table& widegamut_tints()
 
 } // namespace
 
-float get_tint_shift(const colour_space_names& names, float temperature)
+float get_tint_shift(tint_curve curve, float temperature)
 {
     if (temperature > warmest_kelvin)
         temperature = warmest_kelvin;
     else if (temperature <= coldest_kelvin)
         temperature = coldest_kelvin;
 
-    if (names.current == names.srgb)
+    switch (curve) {
+    case tint_curve::srgb:
         return map_to_points(srgb_tints(), temperature);
-    if (names.current == names.prophoto)
+    case tint_curve::prophoto:
         return map_to_points(prophoto_tints(), temperature);
-    if (names.current == names.widegamut)
+    case tint_curve::widegamut:
         return map_to_points(widegamut_tints(), temperature);
-    if (names.current == names.raw)
-        return 0.0f;
-    // Adobe RGB ends up here too: it gets no tint correction.
-    qWarning("get_tint_shift: Unknown color space: %s. Not ofsetting.", qUtf8Printable(names.current));
+    }
     return 0.0f;
 }

@@ -36,7 +36,7 @@ QString replace_shortcut_names(QString text, shortcut_key_names names)
 
 void open_help(const QString& path_template)
 {
-    const QString code = get_language_suffix(QStringLiteral("lang"));
+    const QString code = get_language_suffix(language_setting_key);
     const QString resource_name = path_template.arg(code);
 
     QByteArray page;

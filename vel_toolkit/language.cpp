@@ -43,7 +43,7 @@ QString get_language_suffix(const QString& key)
 
 void ask_for_application_restart_if_language_changed(QWidget* parent, const QString& previous_suffix)
 {
-    if (get_language_suffix(QStringLiteral("lang")) == previous_suffix)
+    if (get_language_suffix(language_setting_key) == previous_suffix)
         return;
 
     const QMessageBox::StandardButton answer = message_box::question(

@@ -6,6 +6,9 @@ class QWidget;
 
 namespace vel {
 
+// The stored setting that holds the chosen language ("en", "de").
+inline const QString language_setting_key = QStringLiteral("lang");
+
 // The two-letter code of the user-interface language: the stored setting
 // named key when it holds one, else the system's language if the program
 // offers it, else English ("en").

@@ -18,15 +18,32 @@ static void register_colour_table_resources()
     std::call_once(registered, [] { Q_INIT_RESOURCE(colour_tables); });
 }
 
-costyle_writer::costyle_writer()
+namespace {
+
+costyle_writer::table_set load_tables()
 {
     register_colour_table_resources();
-    for (colour_table& table : tables_) {
+    costyle_writer::table_set tables;
+    for (colour_table& table : tables) {
         table.size = table_edge;
         table.entries.resize(static_cast<std::size_t>(table_edge) * table_edge * table_edge);
     }
-    load_3dl(tables_[adobe_rgb], QStringLiteral(":/data/ProPhotoRGB_to_AdobeRGB1998.3dl"));
-    load_3dl(tables_[srgb], QStringLiteral(":/data/ProPhotoRGB_to_sRGB.3dl"));
-    load_3dl(tables_[wide_gamut_rgb], QStringLiteral(":/data/ProPhotoRGB_to_WideGamutRGB.3dl"));
-    fill_identity(tables_[identity], table_edge);
+    load_3dl(tables[costyle_writer::adobe_rgb], QStringLiteral(":/data/ProPhotoRGB_to_AdobeRGB1998.3dl"));
+    load_3dl(tables[costyle_writer::srgb], QStringLiteral(":/data/ProPhotoRGB_to_sRGB.3dl"));
+    load_3dl(tables[costyle_writer::wide_gamut_rgb], QStringLiteral(":/data/ProPhotoRGB_to_WideGamutRGB.3dl"));
+    fill_identity(tables[costyle_writer::identity], table_edge);
+    return tables;
 }
+
+// The tables are the same for every preset and never written after loading,
+// so one set serves every writer of the process, on any thread. A load that
+// throws leaves the set unmade; the next writer tries again and throws too.
+const costyle_writer::table_set& shared_tables()
+{
+    static const costyle_writer::table_set tables = load_tables();
+    return tables;
+}
+
+} // namespace
+
+costyle_writer::costyle_writer() : tables_(&shared_tables()) {}

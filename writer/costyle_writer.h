@@ -6,18 +6,20 @@
 
 class lightroom_importer;
 
-// Turns preset records into Capture One style documents. Construction loads
-// the colour tables from the compiled-in resources (throws stk::exception on a
-// broken table); afterwards the writer can convert any number of presets.
+// Turns preset records into Capture One style documents. The first writer of
+// the process loads the colour tables from the compiled-in resources (throws
+// stk::exception on a broken table); every writer shares them read-only and can
+// convert any number of presets.
 class costyle_writer {
 public:
     enum table_index { adobe_rgb = 0, srgb = 1, wide_gamut_rgb = 2, identity = 3 };
+    using table_set = std::array<colour_table, 4>;
 
     costyle_writer();
 
-    // Reads the stored "colorspace" setting (default "raw") and converts.
-    bool create_costyle(const lightroom_importer& preset, QString& out) const;
-    // The same with the colour space given by the caller; touches no stored setting.
+    // Converts for the images of a colour space, named as the settings store
+    // and the command line name it ("raw", "srgb", ...; see colour_space.h).
+    // An unknown name converts without a colour table. Always true.
     bool create_costyle(const lightroom_importer& preset, QString& out, const QString& colour_space) const;
 
     // Raises the flags for what needs the user's attention. white_balance, dehaze
@@ -25,8 +27,8 @@ public:
     void check_costyle(bool& white_balance, bool& dehaze, bool& lut, bool& camera_calibration,
                        const lightroom_importer& preset) const;
 
-    const colour_table& table(table_index index) const { return tables_[index]; }
+    const colour_table& table(table_index index) const { return (*tables_)[index]; }
 
 private:
-    std::array<colour_table, 4> tables_;
+    const table_set* tables_;
 };

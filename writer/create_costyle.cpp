@@ -6,7 +6,6 @@
 
 #include "importer/lightroom_importer.h"
 
-#include <QSettings>
 #include <QUuid>
 #include <QXmlStreamWriter>
 #include <QtDebug>
@@ -15,10 +14,6 @@
 #include <limits>
 
 namespace {
-
-// Stored setting that names the output colour space, and its value when unset.
-const QString colour_space_setting = QStringLiteral("colorspace");
-const QString default_colour_space = QStringLiteral("raw");
 
 const QString grayscale_key = QStringLiteral("ConvertToGrayscale");
 // Title fallback of presets without a name: an XMP preset's rdf:about.
@@ -39,30 +34,30 @@ const QString style_engine_version = QStringLiteral("900");
 // Nesting depth of the document in spaces per level.
 constexpr int xml_indent = 4;
 
-const colour_table& select_table(const costyle_writer& writer, const QString& colour_space)
+const colour_table& select_table(const costyle_writer& writer, std::optional<colour_space> space)
 {
-    // "raw" shares the Wide Gamut table; it additionally switches a few formulas.
-    if (colour_space == colour_space_name::adobe) {
-        qDebug("Using AdobeRGB colorspace (converting)");
-        return writer.table(costyle_writer::adobe_rgb);
-    }
-    if (colour_space == colour_space_name::srgb) {
-        qDebug("Using sRGB colorspace (converting)");
-        return writer.table(costyle_writer::srgb);
-    }
-    if (colour_space == colour_space_name::prophoto) {
-        qDebug("Using ProPhoto colorspace (some conversion)");
+    if (!space) {
+        // An unknown name is not an error: the colours pass through unconverted.
         return writer.table(costyle_writer::identity);
     }
-    if (colour_space == colour_space_name::widegamut) {
+    switch (*space) {
+    case colour_space::adobe:
+        qDebug("Using AdobeRGB colorspace (converting)");
+        return writer.table(costyle_writer::adobe_rgb);
+    case colour_space::srgb:
+        qDebug("Using sRGB colorspace (converting)");
+        return writer.table(costyle_writer::srgb);
+    case colour_space::prophoto:
+        qDebug("Using ProPhoto colorspace (some conversion)");
+        return writer.table(costyle_writer::identity);
+    case colour_space::widegamut:
         qDebug("Using Wide Gamut RGB colorspace (converting)");
         return writer.table(costyle_writer::wide_gamut_rgb);
-    }
-    if (colour_space == colour_space_name::raw) {
+    case colour_space::raw:
+        // "raw" shares the Wide Gamut table; it additionally switches a few formulas.
         qDebug("Using Wide Gamut RGB colorspace (RAW, some conversion)");
         return writer.table(costyle_writer::wide_gamut_rgb);
     }
-    // An unknown value is not an error: the colours pass through unconverted.
     return writer.table(costyle_writer::identity);
 }
 
@@ -165,19 +160,13 @@ int truncate_to_int(float value)
     return static_cast<int>(value);
 }
 
-bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out) const
-{
-    const QSettings stored;
-    const QString colour_space = stored.value(colour_space_setting, default_colour_space).toString();
-    return create_costyle(preset, out, colour_space);
-}
-
 bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out,
                                     const QString& colour_space) const
 {
     costyle_entries entries;
     const mapping_flags flags = read_mapping_flags(preset.settings);
-    const colour_table& active_table = select_table(*this, colour_space);
+    const std::optional<::colour_space> space = parse_colour_space(colour_space);
+    const colour_table& active_table = select_table(*this, space);
 
     // Every style carries a name, even an empty one.
     entries.insert(QStringLiteral("Name"),
@@ -185,7 +174,7 @@ bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& o
     // A fresh identity on every call: converting twice gives two styles.
     entries.insert(QStringLiteral("UUID"), new_style_uuid());
 
-    mapping_context context{preset, preset.settings, entries, active_table, colour_space, flags};
+    mapping_context context{preset, preset.settings, entries, active_table, colour_space, space, flags};
 
     map_white_balance(context);
     if (flags.process_2010)

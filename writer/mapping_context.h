@@ -3,22 +3,16 @@
 // Internal to writer/: the state one create_costyle call shares between its
 // mapping groups, and the small numeric helpers the groups have in common.
 
+#include "writer/colour_space.h"
 #include "writer/costyle_entries.h"
 
 #include <QSet>
 #include <QString>
 
+#include <optional>
+
 class colour_table;
 class lightroom_importer;
-
-// Colour-space values of the stored setting that change formulas or tables.
-namespace colour_space_name {
-inline const QString adobe = QStringLiteral("adobe");
-inline const QString srgb = QStringLiteral("srgb");
-inline const QString prophoto = QStringLiteral("prophoto");
-inline const QString widegamut = QStringLiteral("widegamut");
-inline const QString raw = QStringLiteral("raw");
-} // namespace colour_space_name
 
 // What the frame decides from the settings before any group runs; the key
 // listing of carried_settings needs the same decisions without a writer.
@@ -35,7 +29,10 @@ struct mapping_context {
     const preset_settings& settings;
     costyle_entries& entries;
     const colour_table& table;
+    // The colour space as named by the caller, and what it names (no value for
+    // a name the program does not know).
     const QString& colour_space;
+    std::optional<::colour_space> space;
     mapping_flags flags;
 
     // White balance: the tint that compensates the table's cast at the
@@ -49,7 +46,7 @@ struct mapping_context {
     float y80 = 0.8f;
     bool luma_curve_marked = false;
 
-    bool is_raw() const { return colour_space == colour_space_name::raw; }
+    bool is_raw() const { return space == ::colour_space::raw; }
 };
 
 // True when the key is present and its text converts to a float.

@@ -77,9 +77,21 @@ QString kelvin_text(float kelvin)
 
 float tint_shift_for(const mapping_context& context, float kelvin)
 {
-    const colour_space_names names{context.colour_space, colour_space_name::srgb, colour_space_name::prophoto,
-                                   colour_space_name::widegamut, colour_space_name::raw};
-    return get_tint_shift(names, kelvin);
+    switch (context.space.value_or(colour_space::adobe)) {
+    case colour_space::srgb:
+        return get_tint_shift(tint_curve::srgb, kelvin);
+    case colour_space::prophoto:
+        return get_tint_shift(tint_curve::prophoto, kelvin);
+    case colour_space::widegamut:
+        return get_tint_shift(tint_curve::widegamut, kelvin);
+    case colour_space::raw:
+        return 0.0f;
+    case colour_space::adobe:
+        break;
+    }
+    // Adobe RGB and unknown names get no tint correction.
+    qWarning("get_tint_shift: Unknown color space: %s. Not ofsetting.", qUtf8Printable(context.colour_space));
+    return 0.0f;
 }
 
 } // namespace

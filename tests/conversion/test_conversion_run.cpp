@@ -39,7 +39,7 @@ struct conversion_bench : conversion_shell {
     conversion_result run(const QStringList& files, const QString& format = "separate")
     {
         conversion_options options;
-        options.format = format;
+        options.format = parse_output_format(format).value_or(output_format::stylepack);
         options.colour_space = QStringLiteral("raw");
         return run_conversion(files, options, *this);
     }

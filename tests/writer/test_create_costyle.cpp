@@ -90,23 +90,6 @@ TEST(create_costyle, matches_the_golden_document_of_each_colour_space)
     EXPECT_FALSE(log.contains("colorspace"));
 }
 
-TEST(create_costyle, takes_the_colour_space_from_the_stored_setting_unless_given)
-{
-    const lightroom_importer preset = full_preset();
-    for (const char* stored : {"", "adobe", "srgb", "prophoto"}) {
-        if (*stored)
-            QSettings().setValue("colorspace", stored);
-        else
-            QSettings().remove("colorspace");
-        QString out;
-        shared_writer().create_costyle(preset, out);
-        EXPECT_EQ(mask_uuid(out), mask_uuid(convert(preset, *stored ? stored : "raw"))) << stored; // raw when unset
-    }
-    QSettings().remove("colorspace");
-    convert(preset, "srgb");
-    EXPECT_FALSE(QSettings().contains("colorspace"));
-}
-
 // Values at the edges of what a float holds neither crash nor break the
 // document, whatever group reads them; every real preset converts.
 TEST(create_costyle, survives_extreme_values_and_converts_every_corpus_preset)
