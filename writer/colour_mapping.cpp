@@ -3,7 +3,7 @@
 // "ColorCorrections" entry. Colours are moved through the active colour table.
 
 #include "writer/mapping_context.h"
-#include "writer/setting_mapping.h"
+#include "writer/setting_values.h"
 
 #include "color/colour_table.h"
 #include "color/hcl.h"

@@ -111,55 +111,6 @@ void add_frame_keys(QSet<QString>& keys)
         keys.insert(key);
 }
 
-bool read_number(const preset_settings& settings, const QString& key, float& value)
-{
-    const auto found = settings.constFind(key);
-    if (found == settings.cend())
-        return false;
-    bool ok = false;
-    const float converted = found.value().toFloat(&ok);
-    if (!ok)
-        return false;
-    value = converted;
-    return true;
-}
-
-float number_or_zero(const preset_settings& settings, const QString& key)
-{
-    // toFloat gives 0 for a text that is not a number.
-    return settings.value(key, QStringLiteral("0")).toFloat();
-}
-
-QString six_decimals(float value)
-{
-    return QString::number(static_cast<double>(value), 'f', 6);
-}
-
-float clamp_value(float value, float low, float high)
-{
-    return qBound(low, value, high);
-}
-
-float map_two_ranges(float value, float in_min, float in_max, float out_min, float out_max)
-{
-    if (value >= 0.0f)
-        return value / in_max * out_max;
-    return (value - in_min) / (0.0f - in_min) * (0.0f - out_min) + out_min;
-}
-
-int truncate_to_int(float value)
-{
-    if (std::isnan(value))
-        return 0;
-    // 2^31 is exact in float; everything below it truncates into range.
-    constexpr float int_limit = 2147483648.0f;
-    if (value >= int_limit)
-        return std::numeric_limits<int>::max();
-    if (value < -int_limit)
-        return std::numeric_limits<int>::min();
-    return static_cast<int>(value);
-}
-
 bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out,
                                     const QString& colour_space) const
 {

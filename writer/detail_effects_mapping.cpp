@@ -2,7 +2,7 @@
 // film grain.
 
 #include "writer/mapping_context.h"
-#include "writer/setting_mapping.h"
+#include "writer/setting_values.h"
 
 #include "color/tone_curve.h"
 #include "importer/lightroom_importer.h"

@@ -5,6 +5,7 @@
 
 #include "writer/colour_space.h"
 #include "writer/costyle_entries.h"
+#include "writer/setting_values.h"
 
 #include <QSet>
 #include <QString>
@@ -48,27 +49,6 @@ struct mapping_context {
 
     bool is_raw() const { return space == ::colour_space::raw; }
 };
-
-// True when the key is present and its text converts to a float.
-bool read_number(const preset_settings& settings, const QString& key, float& value);
-
-// The value's text converted to a float; absent or not a number gives 0.
-float number_or_zero(const preset_settings& settings, const QString& key);
-
-// Fixed notation with six decimals, the style's usual number form.
-QString six_decimals(float value);
-
-// Clamps with Qt's rule (a NaN ends up at the lower bound), in single precision.
-float clamp_value(float value, float low, float high);
-
-// The zero-anchored two-range mapping: [in_min, 0] onto [out_min, 0] and
-// [0, in_max] onto [0, out_max], each half with its own scale. The value must
-// already be clamped to [in_min, in_max].
-float map_two_ranges(float value, float in_min, float in_max, float out_min, float out_max);
-
-// Truncation toward zero that stays defined for every float: a NaN gives 0,
-// values beyond the int range give the nearest end of it.
-int truncate_to_int(float value);
 
 // The mapping groups, in the order create_costyle runs them.
 void map_white_balance(mapping_context& context);

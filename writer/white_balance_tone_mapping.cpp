@@ -3,7 +3,7 @@
 // All arithmetic is single precision, operation by operation as written.
 
 #include "writer/mapping_context.h"
-#include "writer/setting_mapping.h"
+#include "writer/setting_values.h"
 
 #include "color/tint_shift.h"
 #include "color/tone_curve.h"

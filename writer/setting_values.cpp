@@ -1,8 +1,9 @@
-#include "writer/setting_mapping.h"
+#include "writer/setting_values.h"
 
 #include <QDebug>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -11,50 +12,76 @@ constexpr int entry_decimals = 6;
 // Curve levels run from 0 to this value; the style wants fractions 0..1.
 constexpr float level_max = 255.0f;
 
-bool numeric_setting(const preset_settings& settings, const QString& key, float& value)
+} // namespace
+
+bool read_number(const preset_settings& settings, const QString& key, float& value)
 {
     const auto found = settings.constFind(key);
     if (found == settings.constEnd())
         return false;
     bool ok = false;
-    value = found->toFloat(&ok);
+    const float converted = found->toFloat(&ok);
+    // toFloat reports an overflow as a failure but still returns infinity;
     // "nan" converts but is no number a slider could have.
-    return ok && !std::isnan(value);
+    if (!ok || std::isnan(converted))
+        return false;
+    value = converted;
+    return true;
 }
 
-} // namespace
+float number_or_zero(const preset_settings& settings, const QString& key)
+{
+    float value = 0.0f;
+    return read_number(settings, key, value) ? value : 0.0f;
+}
+
+QString six_decimals(float value)
+{
+    return QString::number(static_cast<double>(value), 'f', entry_decimals);
+}
+
+float clamp_value(float value, float low, float high)
+{
+    return qBound(low, value, high);
+}
+
+float map_two_ranges(float value, float in_min, float in_max, float out_min, float out_max)
+{
+    if (value >= 0.0f)
+        return value / in_max * out_max;
+    return (value - in_min) / (0.0f - in_min) * (0.0f - out_min) + out_min;
+}
+
+int truncate_to_int(float value)
+{
+    if (std::isnan(value))
+        return 0;
+    // 2^31 is exact in float; everything below it truncates into range.
+    constexpr float int_limit = 2147483648.0f;
+    if (value >= int_limit)
+        return std::numeric_limits<int>::max();
+    if (value < -int_limit)
+        return std::numeric_limits<int>::min();
+    return static_cast<int>(value);
+}
 
 void map_setting(const preset_settings& settings, costyle_entries& entries, const QString& preset_key,
                  const QString& style_key, float in_min, float in_max, float out_min, float out_max)
 {
     float v = 0.0f;
-    if (!numeric_setting(settings, preset_key, v))
+    if (!read_number(settings, preset_key, v))
         return;
     v = std::min(std::max(v, in_min), in_max);
-
-    // Each half has its own scale; zero always maps to zero. Every step is
-    // rounded to single precision on its own, so the results match the
-    // values the mapping constants were tuned with.
-    float result = 0.0f;
-    if (v >= 0.0f) {
-        const float ratio = v / in_max;
-        result = ratio * out_max;
-    } else {
-        const float shifted = v - in_min;
-        const float ratio = shifted / (0.0f - in_min);
-        const float scaled = ratio * (0.0f - out_min);
-        result = scaled + out_min;
-    }
-    entries.insert(style_key, QString::number(result, 'f', entry_decimals));
+    entries.insert(style_key, six_decimals(map_two_ranges(v, in_min, in_max, out_min, out_max)));
 }
 
 void copy_setting(const preset_settings& settings, costyle_entries& entries, const QString& preset_key,
                   const QString& style_key)
 {
     float v = 0.0f;
-    if (!numeric_setting(settings, preset_key, v))
+    if (!read_number(settings, preset_key, v))
         return;
-    entries.insert(style_key, QString::number(v, 'f', entry_decimals));
+    entries.insert(style_key, six_decimals(v));
 }
 
 void read_hsl_adjustments(const preset_settings& settings, bool& found, QString& colour, float& hue,
@@ -68,7 +95,7 @@ void read_hsl_adjustments(const preset_settings& settings, bool& found, QString&
 
     const auto read = [&](const char* prefix, float& out) {
         float v = 0.0f;
-        if (numeric_setting(settings, QLatin1String(prefix) + colour, v)) {
+        if (read_number(settings, QLatin1String(prefix) + colour, v)) {
             out = v;
             found = true;
         } else {

@@ -1,10 +1,10 @@
-#include "writer/setting_mapping.h"
+#include "writer/setting_values.h"
 
 #include "color/log_capture.h"
 
 #include <gtest/gtest.h>
 
-TEST(setting_mapping, map_setting_clamps_and_scales_each_half_and_copy_setting_copies)
+TEST(setting_values, map_setting_clamps_and_scales_each_half_and_copy_setting_copies)
 {
     const std::pair<const char*, const char*> cases[] = {
         {"100", "25.000000"},  {"-100", "-50.000000"}, {"40", "10.000000"},
@@ -26,7 +26,7 @@ TEST(setting_mapping, map_setting_clamps_and_scales_each_half_and_copy_setting_c
     EXPECT_EQ(entries, (costyle_entries{{"Vibrance", "12.000000"}, {"Clarity", "0.350000"}}));
 }
 
-TEST(setting_mapping, read_hsl_adjustments_reads_three_keys_of_the_capitalised_colour)
+TEST(setting_values, read_hsl_adjustments_reads_three_keys_of_the_capitalised_colour)
 {
     const preset_settings settings{{"HueAdjustmentRed", "10"}, {"SaturationAdjustmentRed", "-20.5"},
                                    {"LuminanceAdjustmentRed", "x"}, {"HueAdjustmentBlue", "7"},
@@ -50,7 +50,7 @@ TEST(setting_mapping, read_hsl_adjustments_reads_three_keys_of_the_capitalised_c
     }
 }
 
-TEST(setting_mapping, set_curve_entry_writes_clamped_fractions_with_six_decimals)
+TEST(setting_values, set_curve_entry_writes_clamped_fractions_with_six_decimals)
 {
     const struct { curve_points curve; const char* expected; QStringList warnings; } cases[] = {
         {{{0, 0}, {255, 255}}, "0.000000,0.000000;1.000000,1.000000", {}},
