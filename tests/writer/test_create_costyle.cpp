@@ -92,25 +92,41 @@ TEST(create_costyle, matches_the_golden_document_of_each_colour_space)
 
 // Values at the edges of what a float holds neither crash nor break the
 // document, whatever group reads them; every real preset converts.
-TEST(create_costyle, survives_extreme_values_and_converts_every_corpus_preset)
+// Number texts at the edges of single precision, put into each setting a full
+// colour preset or a grayscale one carries, convert like the number they equal,
+// or like any text that is no number when toFloat rejects them (overflow
+// included): absent where a number is needed, 0 where such a text counts as 0.
+TEST(create_costyle, number_texts_at_the_edges_read_as_what_they_equal_or_not_at_all)
 {
-    QSet<QString> keys;
-    add_frame_keys(keys);
-    add_white_balance_tone_keys({}, mapping_flags{true, true}, keys);
-    add_black_and_white_keys(mapping_flags{true, true}, keys);
-    add_colour_keys({{"SplitToningBalance", "0"}}, keys);
-    add_detail_and_effects_keys(keys);
-    for (const char* extreme : {"nan", "inf", "-inf", "1e30", "-1e30", "3e38", "1e-40"}) {
-        lightroom_importer preset;
-        for (const QString& key : keys)
-            preset.settings.insert(key, extreme);
-        preset.settings.insert("ConvertToGrayscale", "true");
-        for (const char* colour_space : {"srgb", "raw"}) {
-            const parsed_style style = convert_to_style(preset, colour_space);
-            EXPECT_TRUE(style.error.isEmpty() && style.has("ColorBalanceShadow")) << extreme << " " << colour_space;
+    const std::pair<const char*, const char*> texts[] = {
+        {"1e39", nullptr}, {"-1e39", nullptr}, {"-3.4028236e38", nullptr}, {"3.4028235e38", "3.4028235e38"},
+        {"1e-45", "1e-45"}, {" 7", "7"}, {"0x10", nullptr}, {"+5", "5"}, {"5.", "5"}, {".5", "0.5"},
+        {"", nullptr}, {"nan", nullptr}};
+    lightroom_importer grayscale = preset_with({{"ConvertToGrayscale", "True"}, {"GrayMixerRed", "-20"},
+                                                {"GrayMixerOrange", "30"}, {"GrayMixerAqua", "10"},
+                                                {"SplitToningShadowHue", "220"}, {"SplitToningShadowSaturation", "25"},
+                                                {"SplitToningBalance", "-30"}, {"Highlights2012", "-40"}});
+    for (const lightroom_importer& base : {full_preset(), grayscale}) {
+        for (const QString& key : base.settings.keys()) {
+            if (key == "ConvertToGrayscale")
+                continue;
+            for (const auto& [text, same] : texts) {
+                lightroom_importer edge = base, expected = base;
+                edge.settings.insert(key, text);
+                expected.settings.insert(key, same ? same : "no number");
+                for (const char* colour_space : {"srgb", "raw"}) {
+                    const QString document = convert(edge, colour_space);
+                    EXPECT_EQ(mask_uuid(document), mask_uuid(convert(expected, colour_space)))
+                        << key.toStdString() << "=" << text << " " << colour_space;
+                    EXPECT_FALSE(document.contains("inf") || document.contains("nan")) << key.toStdString() << "=" << text;
+                }
+            }
         }
     }
+}
 
+TEST(create_costyle, converts_every_corpus_preset_into_a_readable_style)
+{
     const QString corpus = test_support::corpus_dir();
     if (corpus.isEmpty())
         GTEST_SKIP() << "corpus folder absent";
