@@ -19,9 +19,9 @@ constexpr int language_box_minimum_width = 120;
 
 } // namespace
 
-dialog_settings::dialog_settings(QSettings* settings, QWidget* parent)
+dialog_settings::dialog_settings(QSettings* store, QWidget* parent)
     : QDialog(parent)
-    , settings(settings)
+    , settings(store)
 {
     setWindowTitle(tr("Settings"));
     setStyleSheet(QStringLiteral("QDialog{background-color:rgb(47,47,47); color:rgb(198,213,210);}"

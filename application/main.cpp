@@ -1,6 +1,7 @@
-#include "application/settings_keys.h"
 #include "application/application_icon.h"
+#include "application/application_identity.h"
 #include "application/main_window.h"
+#include "application/settings_keys.h"
 #include "application/translation_loader.h"
 #include "vel_toolkit/component_versions.h"
 #include "vel_toolkit/crash_handler.h"
@@ -25,10 +26,7 @@ int main(int argc, char* argv[])
     vel::install_qt_message_handler(true, false);
 
     // Before anything reads the stored settings: they are found by these names.
-    QCoreApplication::setOrganizationName(QStringLiteral("Quillmark"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("quillmark.example"));
-    QCoreApplication::setApplicationName(QStringLiteral("Stylewright"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.0.8"));
+    set_application_identity();
 
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     // Icons and pictures come with @2x twins; let Qt use them on such screens.

@@ -1,6 +1,7 @@
 // stylewright-cli: the headless converter, for batches, scripts and servers.
 // It reads and writes no stored settings: everything comes from the command line.
 
+#include "application/application_identity.h"
 #include "application/conversion_run.h"
 #include "application/stylepack_writer.h"
 #include "cli/cli_options.h"
@@ -129,10 +130,7 @@ int convert(const cli_options& options, const QVector<input_file>& files)
 
 int main(int argc, char** argv)
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("Quillmark"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("quillmark.example"));
-    QCoreApplication::setApplicationName(QStringLiteral("Stylewright"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(STYLEWRIGHT_VERSION));
+    set_application_identity();
     QCoreApplication app(argc, argv);
 
     const parsed_command_line parsed = parse_command_line(QCoreApplication::arguments());

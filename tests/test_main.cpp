@@ -1,3 +1,4 @@
+#include "application/application_identity.h"
 #include <QCoreApplication>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -11,10 +12,7 @@ int main(int argc, char** argv)
     qputenv("XDG_DATA_HOME", (xdg_root.path() + QStringLiteral("/data")).toLocal8Bit());
     qputenv("XDG_CACHE_HOME", (xdg_root.path() + QStringLiteral("/cache")).toLocal8Bit());
 
-    QCoreApplication::setOrganizationName(QStringLiteral("Quillmark"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("quillmark.example"));
-    QCoreApplication::setApplicationName(QStringLiteral("Stylewright"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.0.8"));
+    set_application_identity();
     QCoreApplication app(argc, argv);
 
     ::testing::InitGoogleTest(&argc, argv);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "application/application_identity.h"
 #include <QApplication>
 #include <QByteArray>
 #include <QDir>
@@ -34,10 +35,7 @@ inline void use_private_folders(const QString& root)
 
 inline void set_identity()
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("Quillmark"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("quillmark.example"));
-    QCoreApplication::setApplicationName(QStringLiteral("Stylewright"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.0.8"));
+    set_application_identity();
 }
 
 // The test classes of a program, by name (STYLEWRIGHT_GUI_TEST_SUITE).
