@@ -6,6 +6,8 @@ target_sources(stylewright_core PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/settings_keys.cpp
     ${CMAKE_CURRENT_LIST_DIR}/preset_reading.h
     ${CMAKE_CURRENT_LIST_DIR}/preset_reading.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/preset_archive.h
+    ${CMAKE_CURRENT_LIST_DIR}/preset_archive.cpp
     ${CMAKE_CURRENT_LIST_DIR}/preset_folder.h
     ${CMAKE_CURRENT_LIST_DIR}/preset_folder.cpp
     ${CMAKE_CURRENT_LIST_DIR}/conversion_messages.h
