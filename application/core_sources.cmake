@@ -8,6 +8,10 @@ target_sources(stylewright_core PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/preset_reading.cpp
     ${CMAKE_CURRENT_LIST_DIR}/preset_archive.h
     ${CMAKE_CURRENT_LIST_DIR}/preset_archive.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/preset_source.h
+    ${CMAKE_CURRENT_LIST_DIR}/preset_source.cpp
+    ${CMAKE_CURRENT_LIST_DIR}/pack_entry_names.h
+    ${CMAKE_CURRENT_LIST_DIR}/pack_entry_names.cpp
     ${CMAKE_CURRENT_LIST_DIR}/preset_folder.h
     ${CMAKE_CURRENT_LIST_DIR}/preset_folder.cpp
     ${CMAKE_CURRENT_LIST_DIR}/conversion_messages.h
