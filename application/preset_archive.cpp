@@ -158,25 +158,25 @@ bool is_preset_archive(const QString& path)
     return QFileInfo(path).suffix().compare(archive_suffix, Qt::CaseInsensitive) == 0;
 }
 
-archive_contents read_preset_archive(const QString& path, const archive_limits& limits)
+namespace {
+
+archive_contents unreadable(const QString& detail)
 {
     archive_contents contents;
-    int code = 0;
-    // ZIP_CHECKCONS compares the central directory with the local headers, so a
-    // truncated or tampered archive is refused as a whole instead of half read.
-    const std::unique_ptr<zip_t, archive_closer> archive(
-        zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY | ZIP_CHECKCONS, &code));
-    if (!archive) {
-        contents.problem = archive_problem::unreadable;
-        contents.detail = zip_error_text(code);
+    contents.problem = archive_problem::unreadable;
+    contents.detail = detail;
+    return contents;
+}
+
+archive_contents read_open_archive(zip_t* archive, const archive_limits& limits)
+{
+    archive_contents contents;
+    const zip_int64_t count = zip_get_num_entries(archive, 0);
+    if (count > limits.max_entries) {
+        contents.problem = archive_problem::too_many_entries;
         return contents;
     }
-    const zip_int64_t count = zip_get_num_entries(archive.get(), 0);
-    if (count < 0 || count > limits.max_entries) {
-        contents.problem = count < 0 ? archive_problem::unreadable : archive_problem::too_many_entries;
-        return contents;
-    }
-    archive_reader reader(archive.get(), limits);
+    archive_reader reader(archive, limits);
     for (zip_int64_t i = 0; i < count; ++i) {
         if (!reader.read_entry(zip_uint64_t(i), contents))
             break;
@@ -185,6 +185,39 @@ archive_contents read_preset_archive(const QString& path, const archive_limits& 
     std::sort(contents.presets.begin(), contents.presets.end(), by_entry);
     std::sort(contents.refusals.begin(), contents.refusals.end(), by_entry);
     return contents;
+}
+
+// ZIP_CHECKCONS compares the central directory with the local headers, so a
+// truncated or tampered archive is refused as a whole instead of half read.
+constexpr int open_flags = ZIP_RDONLY | ZIP_CHECKCONS;
+
+} // namespace
+
+archive_contents read_preset_archive(const QString& path, const archive_limits& limits)
+{
+    int code = 0;
+    const std::unique_ptr<zip_t, archive_closer> archive(
+        zip_open(QFile::encodeName(path).constData(), open_flags, &code));
+    if (!archive)
+        return unreadable(zip_error_text(code));
+    return read_open_archive(archive.get(), limits);
+}
+
+archive_contents read_preset_archive_data(const QByteArray& data, const archive_limits& limits)
+{
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t* source = zip_source_buffer_create(data.constData(), zip_uint64_t(data.size()), 0, &error);
+    std::unique_ptr<zip_t, archive_closer> archive(
+        source == nullptr ? nullptr : zip_open_from_source(source, open_flags, &error));
+    const QString detail = QString::fromUtf8(zip_error_strerror(&error));
+    zip_error_fini(&error);
+    if (!archive) {
+        // Without an archive the source still belongs to the caller.
+        zip_source_free(source);
+        return unreadable(detail);
+    }
+    return read_open_archive(archive.get(), limits);
 }
 
 QString archive_problem_text(archive_problem problem, const QString& detail, const archive_limits& limits)

@@ -65,5 +65,8 @@ bool is_preset_archive(const QString& path);
 // the size limits are refused one by one. Never throws.
 archive_contents read_preset_archive(const QString& path, const archive_limits& limits = {});
 
+// The same over an archive already in memory.
+archive_contents read_preset_archive_data(const QByteArray& data, const archive_limits& limits = {});
+
 // The reason in plain words, one sentence without the archive's or entry's name.
 QString archive_problem_text(archive_problem problem, const QString& detail, const archive_limits& limits = {});
