@@ -1,5 +1,7 @@
 #include "fuzz_targets.h"
 
+#include "application/preset_archive.h"
+#include "application/preset_reading.h"
 #include "color/colour_table.h"
 #include "color/stk_exception.h"
 #include "importer/lightroom_importer.h"
@@ -99,6 +101,23 @@ void costyle_writer(const QByteArray& input)
         xml.readNext();
     if (xml.hasError())
         std::abort(); // a style file Capture One could not read
+}
+
+void preset_archive(const QByteArray& input)
+{
+    archive_limits limits;
+    limits.max_entries = 64;
+    limits.max_entry_size = 1024 * 1024;
+    limits.max_total_size = 4 * 1024 * 1024;
+    const archive_contents contents = read_preset_archive_data(input, limits);
+    for (const archive_preset& preset : contents.presets) {
+        if (preset.entry.isEmpty() || preset.entry.startsWith(QLatin1Char('/')) || preset.entry.contains(QLatin1String("..")))
+            std::abort(); // a name that could leave the output folder
+        if (preset_format_of(preset.entry) == preset_format::xmp)
+            xmp(preset.data);
+        else
+            regular_template(preset.data);
+    }
 }
 
 } // namespace fuzz_targets

@@ -26,4 +26,8 @@ void lut_3dl(const QByteArray& input);
 // must return true with a well-formed document for any record.
 void costyle_writer(const QByteArray& input);
 
+// The archive reader over raw bytes, with small bounds so that a found bomb
+// is refused quickly; every preset it accepts goes through its reader.
+void preset_archive(const QByteArray& input);
+
 } // namespace fuzz_targets

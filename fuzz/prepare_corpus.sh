@@ -29,6 +29,11 @@ copy_into dot_notation "$source_dir"/fuzz/inputs/dot_notation/* "$findings"/dot_
 copy_into xmp "$preset_corpus"/xmp/* "$findings"/xmp/*
 copy_into 3dl "$source_dir"/resources/data/*.3dl "$source_dir"/fuzz/inputs/3dl/* "$findings"/3dl/*
 copy_into costyle_writer "$source_dir"/fuzz/inputs/costyle_writer/* "$findings"/costyle_writer/*
+copy_into preset_archive "$findings"/preset_archive/*
+# Archives start from a few real presets, zipped with and without folders.
+if command -v zip >/dev/null 2>&1 && [ -d "$preset_corpus/xmp" ]; then
+    (cd "$preset_corpus" && zip -q -r "$work/preset_archive/two_folders.zip" lrtemplate/d5-wedding* xmp/vtd-* 2>/dev/null || true)
+fi
 presets=("$preset_corpus"/lrtemplate/* "$preset_corpus"/xmp/*)
 if [ ${#presets[@]} -gt 0 ]; then
     "$make_writer_inputs" "$work/costyle_writer" "${presets[@]}"

@@ -11,7 +11,11 @@ void lightroom_importer::read_lrpreset(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return;
+    read_lrpreset_data(file.readAll());
+}
 
+void lightroom_importer::read_lrpreset_data(const QByteArray& data)
+{
     // Lightroom writes its templates in UTF-8, and real ones carry titles in
     // Cyrillic, Vietnamese or with symbols such as U+00A9. The stream's own
     // default is the locale's codec, which turns those into junk under a C or
@@ -20,7 +24,7 @@ void lightroom_importer::read_lrpreset(const QString& path)
     // UTF-8 decodes to replacement characters instead of failing. The file is
     // opened without text mode: carriage returns stay in the text, where both
     // readers treat them as white space.
-    QTextStream stream(&file);
+    QTextStream stream(data);
     stream.setCodec("UTF-8");
     stream.setAutoDetectUnicode(true);
     const QString text = stream.readAll();

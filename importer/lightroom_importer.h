@@ -28,6 +28,8 @@ public:
     void read_dot_notation_lrpreset(const QString& text);
     void read_regular_lrpreset(const QString& text);
 
+    // read_lrpreset over bytes already in memory, such as an archive's entry.
+    void read_lrpreset_data(const QByteArray& data);
     // The XMP walk over bytes already in memory (read_xmp opens the file and calls this).
     void read_xmp_data(const QByteArray& data);
 

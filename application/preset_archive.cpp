@@ -1,0 +1,250 @@
+#include "application/preset_archive.h"
+
+#include "application/preset_reading.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <zip.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+const QString archive_suffix = QStringLiteral("zip");
+
+struct archive_closer {
+    void operator()(zip_t* archive) const { zip_discard(archive); }
+};
+struct entry_closer {
+    void operator()(zip_file_t* file) const { zip_fclose(file); }
+};
+
+QString zip_error_text(int code)
+{
+    zip_error_t error;
+    zip_error_init_with_code(&error, code);
+    const QString text = QString::fromUtf8(zip_error_strerror(&error));
+    zip_error_fini(&error);
+    return text;
+}
+
+// A name that stays inside the output folder once it is joined to it on any
+// system: relative, '/'-separated, without "." or ".." parts and without a
+// drive letter or other colon.
+bool is_safe_name(const QString& name)
+{
+    if (name.isEmpty() || name.startsWith(QLatin1Char('/')) || name.contains(QLatin1Char('\\')) ||
+        name.contains(QLatin1Char(':')) || name.contains(QChar(0)))
+        return false;
+    const QStringList parts = name.split(QLatin1Char('/'));
+    for (int i = 0; i < parts.size(); ++i) {
+        const QString& part = parts.at(i);
+        // Only a folder entry ends in '/', which leaves one empty last part.
+        if (part.isEmpty() && i != parts.size() - 1)
+            return false;
+        if (part == QLatin1String(".") || part == QLatin1String(".."))
+            return false;
+    }
+    return true;
+}
+
+bool is_hidden(const QString& name)
+{
+    const QStringList parts = name.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    return std::any_of(parts.cbegin(), parts.cend(), [](const QString& part) { return part.startsWith(QLatin1Char('.')); });
+}
+
+class archive_reader {
+public:
+    archive_reader(zip_t* archive, const archive_limits& limits) : archive_(archive), limits_(limits) {}
+
+    // False once the archive's presets together passed the limit: the rest is not read.
+    bool read_entry(zip_uint64_t index, archive_contents& contents)
+    {
+        read_one(index, contents);
+        return !over_total_;
+    }
+
+private:
+    void read_one(zip_uint64_t index, archive_contents& contents)
+    {
+        const char* raw_name = zip_get_name(archive_, index, ZIP_FL_ENC_GUESS);
+        if (raw_name == nullptr)
+            return;
+        const QString name = QString::fromUtf8(raw_name);
+        if (name.endsWith(QLatin1Char('/')))
+            return; // a folder
+        if (!is_safe_name(name)) {
+            refuse(contents, name, archive_problem::unsafe_name);
+            return;
+        }
+        if (is_hidden(name))
+            return;
+        if (QFileInfo(name).suffix().compare(archive_suffix, Qt::CaseInsensitive) == 0) {
+            refuse(contents, name, archive_problem::nested_archive);
+            return;
+        }
+        if (preset_format_of(name) == preset_format::unsupported)
+            return;
+
+        zip_stat_t stat;
+        zip_stat_init(&stat);
+        if (zip_stat_index(archive_, index, 0, &stat) != 0) {
+            refuse(contents, name, archive_problem::damaged_entry, QString::fromUtf8(zip_strerror(archive_)));
+            return;
+        }
+        // The stored size is only a claim; the reading below is bounded too.
+        if ((stat.valid & ZIP_STAT_SIZE) != 0 && stat.size > zip_uint64_t(limits_.max_entry_size)) {
+            refuse(contents, name, archive_problem::too_large);
+            return;
+        }
+        read_data(index, name, contents);
+    }
+
+    void read_data(zip_uint64_t index, const QString& name, archive_contents& contents)
+    {
+        const std::unique_ptr<zip_file_t, entry_closer> file(zip_fopen_index(archive_, index, 0));
+        if (!file) {
+            refuse(contents, name, archive_problem::damaged_entry, QString::fromUtf8(zip_strerror(archive_)));
+            return;
+        }
+        QByteArray data;
+        constexpr qint64 chunk = 64 * 1024;
+        for (;;) {
+            if (data.size() > limits_.max_entry_size) {
+                refuse(contents, name, archive_problem::too_large);
+                return;
+            }
+            if (total_ + data.size() > limits_.max_total_size) {
+                over_total_ = true;
+                refuse(contents, name, archive_problem::total_too_large);
+                return;
+            }
+            const int old_size = data.size();
+            data.resize(old_size + int(chunk));
+            const zip_int64_t got = zip_fread(file.get(), data.data() + old_size, zip_uint64_t(chunk));
+            if (got < 0) {
+                refuse(contents, name, archive_problem::damaged_entry,
+                       QString::fromUtf8(zip_file_strerror(file.get())));
+                return;
+            }
+            data.resize(old_size + int(got));
+            if (got == 0)
+                break;
+        }
+        total_ += data.size();
+        contents.presets.append({name, data});
+    }
+
+    static void refuse(archive_contents& contents, const QString& name, archive_problem problem,
+                       const QString& detail = QString())
+    {
+        contents.refusals.append({name, problem, detail});
+    }
+
+    zip_t* archive_;
+    const archive_limits& limits_;
+    qint64 total_ = 0;
+    bool over_total_ = false;
+};
+
+} // namespace
+
+bool is_preset_archive(const QString& path)
+{
+    return QFileInfo(path).suffix().compare(archive_suffix, Qt::CaseInsensitive) == 0;
+}
+
+namespace {
+
+archive_contents unreadable(const QString& detail)
+{
+    archive_contents contents;
+    contents.problem = archive_problem::unreadable;
+    contents.detail = detail;
+    return contents;
+}
+
+archive_contents read_open_archive(zip_t* archive, const archive_limits& limits)
+{
+    archive_contents contents;
+    const zip_int64_t count = zip_get_num_entries(archive, 0);
+    if (count > limits.max_entries) {
+        contents.problem = archive_problem::too_many_entries;
+        return contents;
+    }
+    archive_reader reader(archive, limits);
+    for (zip_int64_t i = 0; i < count; ++i) {
+        if (!reader.read_entry(zip_uint64_t(i), contents))
+            break;
+    }
+    const auto by_entry = [](const auto& a, const auto& b) { return a.entry < b.entry; };
+    std::sort(contents.presets.begin(), contents.presets.end(), by_entry);
+    std::sort(contents.refusals.begin(), contents.refusals.end(), by_entry);
+    return contents;
+}
+
+// ZIP_CHECKCONS compares the central directory with the local headers, so a
+// truncated or tampered archive is refused as a whole instead of half read.
+constexpr int open_flags = ZIP_RDONLY | ZIP_CHECKCONS;
+
+} // namespace
+
+archive_contents read_preset_archive(const QString& path, const archive_limits& limits)
+{
+    int code = 0;
+    const std::unique_ptr<zip_t, archive_closer> archive(
+        zip_open(QFile::encodeName(path).constData(), open_flags, &code));
+    if (!archive)
+        return unreadable(zip_error_text(code));
+    return read_open_archive(archive.get(), limits);
+}
+
+archive_contents read_preset_archive_data(const QByteArray& data, const archive_limits& limits)
+{
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t* source = zip_source_buffer_create(data.constData(), zip_uint64_t(data.size()), 0, &error);
+    std::unique_ptr<zip_t, archive_closer> archive(
+        source == nullptr ? nullptr : zip_open_from_source(source, open_flags, &error));
+    const QString detail = QString::fromUtf8(zip_error_strerror(&error));
+    zip_error_fini(&error);
+    if (!archive) {
+        // Without an archive the source still belongs to the caller.
+        zip_source_free(source);
+        return unreadable(detail);
+    }
+    return read_open_archive(archive.get(), limits);
+}
+
+QString archive_problem_text(archive_problem problem, const QString& detail, const archive_limits& limits)
+{
+    const auto megabytes = [](qint64 bytes) { return QString::number(bytes / (1024 * 1024)); };
+    switch (problem) {
+    case archive_problem::none:
+        break;
+    case archive_problem::unreadable:
+        return QCoreApplication::translate("MainWindow", "The archive can't be read: %1.").arg(detail);
+    case archive_problem::too_many_entries:
+        return QCoreApplication::translate("MainWindow", "The archive holds more than %1 entries; it was not read.")
+            .arg(limits.max_entries);
+    case archive_problem::unsafe_name:
+        return QCoreApplication::translate("MainWindow",
+                                           "The entry's name leads outside the archive; it was not read.");
+    case archive_problem::nested_archive:
+        return QCoreApplication::translate("MainWindow", "Archives inside archives are not opened.");
+    case archive_problem::too_large:
+        return QCoreApplication::translate("MainWindow", "The preset is larger than %1 MB; it was not read.")
+            .arg(megabytes(limits.max_entry_size));
+    case archive_problem::total_too_large:
+        return QCoreApplication::translate("MainWindow",
+                                           "The archive's presets together are larger than %1 MB; the rest was not read.")
+            .arg(megabytes(limits.max_total_size));
+    case archive_problem::damaged_entry:
+        return QCoreApplication::translate("MainWindow", "The entry can't be read: %1.").arg(detail);
+    }
+    return QString();
+}

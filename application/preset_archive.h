@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+// Presets handed around as a .zip archive, read like a folder: the presets at
+// any depth, named by their paths inside the archive, in path order. Archives
+// come from strangers, so everything about them is bounded and every name is
+// checked before it can become part of an output path.
+
+// Bounds against hostile archives. The defaults are far above any real preset
+// collection (the largest seen hold a few thousand templates of a few KB each).
+struct archive_limits {
+    // More entries than this and the archive is not read at all.
+    qint64 max_entries = 10000;
+    // A preset larger than this is refused; real ones are below 1 MB.
+    qint64 max_entry_size = 64 * 1024 * 1024;
+    // All presets of one archive together.
+    qint64 max_total_size = 512 * 1024 * 1024;
+};
+
+// One preset of the archive: its path inside the archive ('/'-separated,
+// relative, never leaving the archive's root) and its bytes.
+struct archive_preset {
+    QString entry;
+    QByteArray data;
+};
+
+// Why an entry, or the whole archive, was not read.
+enum class archive_problem {
+    none,
+    unreadable,     // not an archive, damaged or missing; detail: libzip's text
+    too_many_entries,
+    unsafe_name,    // absolute, with "..", a drive letter or a backslash
+    nested_archive, // a .zip inside the archive
+    too_large,      // over the size limit of one preset
+    total_too_large,
+    damaged_entry   // its data could not be read; detail: libzip's text
+};
+
+struct archive_refusal {
+    QString entry;
+    archive_problem problem;
+    QString detail;
+};
+
+struct archive_contents {
+    // Set when the archive as a whole could not be read; then presets and
+    // refusals are empty.
+    archive_problem problem = archive_problem::none;
+    QString detail;
+    QVector<archive_preset> presets;
+    QVector<archive_refusal> refusals;
+};
+
+// True for a path whose last suffix is ".zip" in any letter case.
+bool is_preset_archive(const QString& path);
+
+// Reads every preset entry (.lrtemplate, .xmp in any letter case) of the
+// archive at path. Hidden entries (a part starting with '.', such as macOS's
+// "._" companions) and folders are passed over like in a folder search; other
+// files are ignored. Archives inside the archive are not opened, entries with
+// unsafe names (absolute, "..", drive letters, backslashes) and entries over
+// the size limits are refused one by one. Never throws.
+archive_contents read_preset_archive(const QString& path, const archive_limits& limits = {});
+
+// The same over an archive already in memory.
+archive_contents read_preset_archive_data(const QByteArray& data, const archive_limits& limits = {});
+
+// The reason in plain words, one sentence without the archive's or entry's name.
+QString archive_problem_text(archive_problem problem, const QString& detail, const archive_limits& limits = {});
