@@ -1,10 +1,12 @@
 #include "application/conversion_run.h"
 
+#include "application/pack_entry_names.h"
 #include "application/preset_reading.h"
 #include "importer/lightroom_importer.h"
 #include "writer/costyle_writer.h"
 
 #include <QDebug>
+#include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QSaveFile>
@@ -50,17 +52,17 @@ public:
     {
     }
 
-    conversion_result run(const QStringList& files)
+    conversion_result run(const QVector<preset_source>& presets)
     {
         conversion_result result;
-        const int count = files.size();
+        const int count = presets.size();
         for (int i = 0; i < count; ++i) {
             if (shell_.cancelled()) {
                 result.cancelled = true;
                 break;
             }
-            shell_.progress(i, count, files.at(i));
-            switch (convert(files.at(i), result.pack_entries)) {
+            shell_.progress(i, count, presets.at(i).path);
+            switch (convert(presets.at(i), result.pack_entries)) {
             case turn_outcome::converted:
                 ++result.converted;
                 break;
@@ -76,31 +78,36 @@ public:
     }
 
 private:
-    turn_outcome convert(const QString& path, QMap<QString, QString>& pack_entries)
+    turn_outcome convert(const preset_source& preset, QMap<QString, QString>& pack_entries)
     {
-        if (preset_format_of(path) == preset_format::unsupported) {
-            shell_.report_failure(conversion_messages::unsupported_format(path));
+        if (preset_format_of(preset.path) == preset_format::unsupported) {
+            shell_.report_failure(conversion_messages::unsupported_format(preset.path));
             return turn_outcome::failed;
         }
         try {
-            return convert_readable(path, pack_entries);
+            return convert_readable(preset, pack_entries);
         } catch (const std::exception& error) {
-            shell_.report_failure(conversion_messages::unreadable_preset(path, QString::fromUtf8(error.what())));
+            shell_.report_failure(
+                conversion_messages::unreadable_preset(preset.path, QString::fromUtf8(error.what())));
             return turn_outcome::failed;
         }
     }
 
-    turn_outcome convert_readable(const QString& path, QMap<QString, QString>& pack_entries)
+    turn_outcome convert_readable(const preset_source& preset, QMap<QString, QString>& pack_entries)
     {
+        const QString& path = preset.path;
         lightroom_importer record;
-        read_preset(path, record);
+        read_preset(preset, record);
         // Rendering a settings map of a hundred entries costs more than the rest of
         // the bookkeeping; only do it when someone listens.
         if (QLoggingCategory::defaultCategory()->isDebugEnabled())
             qDebug() << record.settings;
 
-        const QString entry_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
-        const QString target = shell_.output_folder() + QLatin1Char('/') + entry_name;
+        const QString style_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
+        const QString folder = preset.subfolder.isEmpty()
+                                   ? shell_.output_folder()
+                                   : shell_.output_folder() + QLatin1Char('/') + preset.subfolder;
+        const QString target = folder + QLatin1Char('/') + style_name;
 
         // A writer per preset: nothing of one conversion can reach the next.
         const costyle_writer writer;
@@ -132,10 +139,22 @@ private:
         }
 
         if (!separate_) {
-            pack_entries.insert(entry_name, document);
+            bool renamed = false;
+            const QString entry = entry_names_.entry_for(style_name, preset.subfolder, renamed);
+            if (renamed)
+                qWarning().noquote() << QStringLiteral("%1: another folder holds a preset of the same name; its style "
+                                                       "goes into the pack as %2.")
+                                            .arg(path, entry);
+            pack_entries.insert(entry, document);
             return turn_outcome::converted;
         }
         QString reason;
+        // Only a subfolder of a folder tree is made here; the output folder
+        // itself is the shell's.
+        if (!preset.subfolder.isEmpty() && !QDir().mkpath(folder)) {
+            shell_.report_failure(conversion_messages::write_failed(path, target, QStringLiteral("Can't create the folder.")));
+            return turn_outcome::failed;
+        }
         if (!write_style(target, document, reason)) {
             shell_.report_failure(conversion_messages::write_failed(path, target, reason));
             return turn_outcome::failed;
@@ -192,11 +211,18 @@ private:
     answer_memory white_balance_;
     answer_memory unsupported_;
     answer_memory camera_calibration_;
+    pack_entry_names entry_names_;
 };
 
 } // namespace
 
+conversion_result run_conversion(const QVector<preset_source>& presets, const conversion_options& options,
+                                 conversion_shell& shell)
+{
+    return conversion_run(options, shell).run(presets);
+}
+
 conversion_result run_conversion(const QStringList& files, const conversion_options& options, conversion_shell& shell)
 {
-    return conversion_run(options, shell).run(files);
+    return run_conversion(presets_of_files(files), options, shell);
 }

@@ -2,6 +2,7 @@
 
 #include "application/conversion_messages.h"
 #include "application/output_format.h"
+#include "application/preset_source.h"
 #include "writer/colour_space.h"
 
 #include <QMap>
@@ -52,11 +53,17 @@ struct conversion_result {
     int failed = 0;
     bool cancelled = false;
     // Pack formats only: entry file name -> style document, in name order; a
-    // later preset with the same name replaces the earlier one.
+    // later preset with the same name from the same folder replaces the earlier one.
     QMap<QString, QString> pack_entries;
 };
 
 // Converts the presets in list order. Each preset is read, checked, asked about
 // and converted on its own; only the pack entries and the "All" answers carry
 // over from one preset to the next. Never throws for a bad preset.
+// Separate styles go into the preset's subfolder below the output folder
+// (created when missing); in a pack, a style whose name another subfolder
+// already gave gets that subfolder's name added, with a warning in the log.
+conversion_result run_conversion(const QVector<preset_source>& presets, const conversion_options& options,
+                                 conversion_shell& shell);
+// Files as the open dialog returns them, each written flat.
 conversion_result run_conversion(const QStringList& files, const conversion_options& options, conversion_shell& shell);

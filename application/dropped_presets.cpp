@@ -1,20 +1,16 @@
 #include "application/dropped_presets.h"
 
-#include "application/preset_folder.h"
-
 #include <QFileInfo>
 
-QStringList dropped_presets(const QList<QUrl>& urls)
+gathered_presets dropped_presets(const QList<QUrl>& urls)
 {
-    QStringList files;
+    QStringList items;
     for (const QUrl& url : urls) {
         if (!url.isLocalFile())
             continue;
         const QFileInfo info(url.toLocalFile());
-        if (info.isDir())
-            files += presets_in_folder(info.absoluteFilePath());
-        else if (info.isFile())
-            files.append(info.absoluteFilePath());
+        if (info.isDir() || info.isFile())
+            items.append(info.absoluteFilePath());
     }
-    return files;
+    return gather_presets(items);
 }

@@ -2,6 +2,7 @@
 
 #include "application/conversion_run.h"
 #include "application/dialog_settings.h"
+#include "application/conversion_messages.h"
 #include "application/dropped_presets.h"
 #include "application/settings_keys.h"
 #include "application/stylepack_writer.h"
@@ -15,6 +16,7 @@
 #include "vel_toolkit/information_box.h"
 #include "vel_toolkit/language.h"
 #include "vel_toolkit/line_edit.h"
+#include "vel_toolkit/message_box.h"
 #include "vel_toolkit/qt_message_handler.h"
 #include "vel_toolkit/stk_layout.h"
 
@@ -294,7 +296,7 @@ void MainWindow::on_button_convert_clicked()
         settings.value(settings_keys::input_dir.key, settings_keys::input_dir.default_value).toString();
     const QStringList files = QFileDialog::getOpenFileNames(this, tr("Load Lightroom Template"), start_folder,
                                                             tr("Lightroom Templates(*.lrtemplate *.xmp)"));
-    convert_presets(files);
+    convert_presets(presets_of_files(files));
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -310,23 +312,61 @@ void MainWindow::dropEvent(QDropEvent* event)
 {
     if (converting)
         return;
-    const QStringList files = dropped_presets(event->mimeData()->urls());
-    if (files.isEmpty())
+    const gathered_presets dropped = dropped_presets(event->mimeData()->urls());
+    if (dropped.presets.isEmpty() && dropped.archive_failures.isEmpty())
         return;
     event->acceptProposedAction();
     // Started from the event loop, not inside the drop: the run opens modal
     // boxes, and the program the files were dragged from would wait for the
     // drop to end all that time.
-    QTimer::singleShot(0, this, [this, files] { convert_presets(files); });
+    QTimer::singleShot(0, this, [this, dropped] {
+        report_archive_failures(dropped.archive_failures);
+        convert_presets(dropped.presets);
+    });
 }
 
-void MainWindow::convert_presets(const QStringList& files)
+namespace {
+
+// The folder of a preset, or for an archive's entry the nearest folder that
+// exists on disk (the archive's own).
+QString existing_folder_of(const QString& path)
+{
+    QFileInfo folder(QFileInfo(path).absolutePath());
+    while (!folder.isDir() && !folder.isRoot())
+        folder.setFile(folder.absolutePath());
+    return folder.absoluteFilePath();
+}
+
+} // namespace
+
+void MainWindow::report_archive_failures(const QVector<archive_failure>& failures)
+{
+    if (failures.isEmpty())
+        return;
+    // Every refusal goes to the log; the box names the first few, since a
+    // hostile archive may hold thousands.
+    constexpr int listed_in_box = 8;
+    QStringList lines;
+    for (const archive_failure& failure : failures) {
+        const QString where =
+            failure.entry.isEmpty() ? failure.archive : failure.archive + QLatin1Char('/') + failure.entry;
+        qWarning().noquote() << where + QStringLiteral(": ") + failure.reason;
+        if (lines.size() < listed_in_box)
+            lines << conversion_messages::wrap_name(QFileInfo(where).fileName().toHtmlEscaped()) + QStringLiteral(": ") + failure.reason.toHtmlEscaped();
+    }
+    if (failures.size() > listed_in_box)
+        lines << tr("… and %1 more, listed in the application log.").arg(failures.size() - listed_in_box);
+    vel::message_box::warning(this, tr("Presets not read from archive"), lines.join(QStringLiteral("<br/>")),
+                              QMessageBox::Ok, QMessageBox::Ok);
+}
+
+void MainWindow::convert_presets(const QVector<preset_source>& files)
 {
     if (files.isEmpty() || converting)
         return;
     // macOS must not nap the program while presets are converted.
     const vel::app_nap_suppressor keep_awake(QStringLiteral("Converting Lightroom presets"));
-    settings.setValue(settings_keys::input_dir.key, QFileInfo(files.first()).absolutePath());
+    settings.setValue(settings_keys::input_dir.key, existing_folder_of(files.first().path));
 
     conversion_options options;
     // Any format but "separate" is a pack; an unknown one a plain pack.

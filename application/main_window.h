@@ -1,5 +1,7 @@
 #pragma once
 
+#include "application/preset_source.h"
+
 #include <QFont>
 #include <QMainWindow>
 #include <QMap>
@@ -54,7 +56,8 @@ private:
     void move_log_text_to_window();
     void append_pending_log_text();
     QString output_folder() const;
-    void convert_presets(const QStringList& files);
+    void convert_presets(const QVector<preset_source>& files);
+    void report_archive_failures(const QVector<archive_failure>& failures);
     void save_stylepack(const QMap<QString, QString>& entries, bool with_category);
 
     // Declared first: constructed before anything can log, destroyed last.

@@ -1,5 +1,6 @@
 #include "application/preset_reading.h"
 
+#include "application/preset_source.h"
 #include "importer/lightroom_importer.h"
 
 #include <QFileInfo>
@@ -22,6 +23,23 @@ bool read_preset(const QString& path, lightroom_importer& record)
         return true;
     case preset_format::xmp:
         record.read_xmp(path);
+        return true;
+    case preset_format::unsupported:
+        break;
+    }
+    return false;
+}
+
+bool read_preset(const preset_source& preset, lightroom_importer& record)
+{
+    if (!preset.in_archive)
+        return read_preset(preset.path, record);
+    switch (preset_format_of(preset.path)) {
+    case preset_format::lrtemplate:
+        record.read_lrpreset_data(preset.data);
+        return true;
+    case preset_format::xmp:
+        record.read_xmp_data(preset.data);
         return true;
     case preset_format::unsupported:
         break;

@@ -13,3 +13,7 @@ preset_format preset_format_of(const QString& path);
 // leaves record untouched for a suffix no reader handles. Whatever the reader
 // throws (std::runtime_error on a template syntax error) reaches the caller.
 bool read_preset(const QString& path, lightroom_importer& record);
+
+struct preset_source;
+// The same for a preset of a run: an archive's entry is read from its bytes.
+bool read_preset(const preset_source& preset, lightroom_importer& record);

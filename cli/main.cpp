@@ -3,16 +3,17 @@
 
 #include "application/application_identity.h"
 #include "application/conversion_run.h"
+#include "application/preset_source.h"
 #include "application/stylepack_writer.h"
 #include "cli/cli_options.h"
 #include "cli/cli_output.h"
 #include "cli/cli_shell.h"
 #include "cli/preset_report_json.h"
-#include "cli/preset_search.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -44,13 +45,19 @@ int usage_error(const QString& message)
     return exit_usage;
 }
 
-int inspect(const QVector<input_file>& files)
+// A preset named on the command line that is not there.
+bool missing(const preset_source& preset)
+{
+    return !preset.in_archive && !QFileInfo::exists(preset.path);
+}
+
+int inspect(const QVector<preset_source>& files, bool archives_failed)
 {
     QJsonArray presets;
-    bool failed = false;
-    for (const input_file& file : files) {
+    bool failed = archives_failed;
+    for (const preset_source& file : files) {
         QString error;
-        presets.append(inspect_preset(file.path, file.exists, error));
+        presets.append(inspect_preset(file, !missing(file), error));
         if (!error.isEmpty()) {
             cli_output::error_line(file.path + QStringLiteral(": ") + error);
             failed = true;
@@ -61,28 +68,28 @@ int inspect(const QVector<input_file>& files)
     return failed ? exit_failure : exit_success;
 }
 
-int convert(const cli_options& options, const QVector<input_file>& files)
+int convert(const cli_options& options, const QVector<preset_source>& files, int archive_failures)
 {
     if (options.to_stdout && files.size() != 1)
         return usage_error(QStringLiteral("--stdout takes exactly one preset, not %1.").arg(files.size()));
 
-    int missing = 0;
-    QStringList presets;
-    for (const input_file& file : files) {
-        if (!file.exists) {
+    int unreadable = archive_failures;
+    QVector<preset_source> presets;
+    for (const preset_source& file : files) {
+        if (missing(file)) {
             cli_output::error_line(file.path + QStringLiteral(": No such file or folder."));
-            ++missing;
+            ++unreadable;
             continue;
         }
         // The readers take a file they cannot open for an empty preset, which
         // would turn a permission problem into an empty style.
         QFile readable(file.path);
-        if (!readable.open(QIODevice::ReadOnly)) {
+        if (!file.in_archive && !readable.open(QIODevice::ReadOnly)) {
             cli_output::error_line(file.path + QStringLiteral(": Can't open the file: %1.").arg(readable.errorString()));
-            ++missing;
+            ++unreadable;
             continue;
         }
-        presets.append(file.path);
+        presets.append(file);
     }
     const bool separate = options.pack_path.isEmpty() && !options.to_stdout;
     if (separate && !QDir().mkpath(options.output_folder)) {
@@ -100,7 +107,7 @@ int convert(const cli_options& options, const QVector<input_file>& files)
     cli_shell shell(options);
     conversion_result result = run_conversion(presets, conversion, shell);
     cli_output::end_progress();
-    result.failed += missing;
+    result.failed += unreadable;
 
     if (options.to_stdout) {
         if (!result.pack_entries.isEmpty() && !write_document(result.pack_entries.first().toUtf8())) {
@@ -150,11 +157,15 @@ int main(int argc, char** argv)
 
     const cli_options& options = parsed.options;
     cli_output::install(options.level);
-    QStringList empty_folders;
-    const QVector<input_file> files = find_presets(options.inputs, empty_folders);
-    for (const QString& folder : empty_folders)
+    const gathered_presets gathered = gather_presets(options.inputs);
+    for (const QString& folder : gathered.empty_folders)
         cli_output::log_line(QtWarningMsg, QStringLiteral("%1: No preset found in this folder.").arg(folder));
+    for (const archive_failure& failure : gathered.archive_failures) {
+        const QString where = failure.entry.isEmpty() ? failure.archive : failure.archive + QLatin1Char('/') + failure.entry;
+        cli_output::error_line(where + QStringLiteral(": ") + failure.reason);
+    }
+    const int archive_failures = gathered.archive_failures.size();
     if (options.inspect)
-        return inspect(files);
-    return convert(options, files);
+        return inspect(gathered.presets, archive_failures > 0);
+    return convert(options, gathered.presets, archive_failures);
 }

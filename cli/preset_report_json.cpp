@@ -2,6 +2,7 @@
 
 #include "application/conversion_messages.h"
 #include "application/preset_reading.h"
+#include "application/preset_source.h"
 #include "importer/lightroom_importer.h"
 #include "writer/carried_settings.h"
 #include "writer/check_costyle.h"
@@ -58,8 +59,9 @@ QString failure_text(const conversion_failure& failure)
 
 } // namespace
 
-QJsonObject inspect_preset(const QString& path, bool exists, QString& error)
+QJsonObject inspect_preset(const preset_source& preset, bool exists, QString& error)
 {
+    const QString& path = preset.path;
     if (!exists)
         error = QStringLiteral("No such file or folder.");
     else if (preset_format_of(path) == preset_format::unsupported)
@@ -67,7 +69,7 @@ QJsonObject inspect_preset(const QString& path, bool exists, QString& error)
     else {
         try {
             lightroom_importer record;
-            read_preset(path, record);
+            read_preset(preset, record);
             return preset_json(path, record);
         } catch (const std::exception& exception) {
             error = failure_text(conversion_messages::unreadable_preset(path, QString::fromUtf8(exception.what())));

@@ -7,4 +7,5 @@
 // point curves, compatibility flags and the settings no mapping reads. When the
 // preset can't be read the object holds "file" and "error" only, and error
 // receives the message.
-QJsonObject inspect_preset(const QString& path, bool exists, QString& error);
+struct preset_source;
+QJsonObject inspect_preset(const preset_source& preset, bool exists, QString& error);

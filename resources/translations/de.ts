@@ -141,6 +141,42 @@
         <translation>Preset %1 von %2 wird konvertiert:
 %3</translation>
     </message>
+    <message>
+        <source>… and %1 more, listed in the application log.</source>
+        <translation>… und %1 weitere, aufgeführt im Anwendungsprotokoll.</translation>
+    </message>
+    <message>
+        <source>Presets not read from archive</source>
+        <translation>Nicht gelesene Presets aus dem Archiv</translation>
+    </message>
+    <message>
+        <source>The archive can&apos;t be read: %1.</source>
+        <translation>Das Archiv kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>The archive holds more than %1 entries; it was not read.</source>
+        <translation>Das Archiv enthält mehr als %1 Einträge; es wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The entry&apos;s name leads outside the archive; it was not read.</source>
+        <translation>Der Name des Eintrags führt aus dem Archiv heraus; er wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>Archives inside archives are not opened.</source>
+        <translation>Archive in Archiven werden nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>The preset is larger than %1 MB; it was not read.</source>
+        <translation>Das Preset ist größer als %1 MB; es wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The archive&apos;s presets together are larger than %1 MB; the rest was not read.</source>
+        <translation>Die Presets des Archivs sind zusammen größer als %1 MB; der Rest wurde nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The entry can&apos;t be read: %1.</source>
+        <translation>Der Eintrag kann nicht gelesen werden: %1.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>

@@ -343,9 +343,11 @@ TEST_F(stylewright_cli, every_corpus_preset_converts_to_well_formed_xml)
          ++presets) {
         const QFileInfo preset(it.next());
         if (!rejected.contains(preset.fileName()))
-            expected_styles << preset.completeBaseName() + ".costyle";
+            expected_styles << preset.dir().dirName() + "/" + preset.completeBaseName() + ".costyle";
     }
-    const QStringList styles = QDir(path("out")).entryList(QDir::Files);
+    QStringList styles; // the folder tree mirrored below the output folder
+    for (QDirIterator it(path("out"), QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
+        styles << QDir(path("out")).relativeFilePath(it.next());
     EXPECT_EQ(QSet<QString>(styles.begin(), styles.end()), expected_styles);
     EXPECT_EQ(result.lines().last(), QStringLiteral("%1 converted, 0 skipped, 8 failed").arg(presets - 8));
 
