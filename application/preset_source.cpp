@@ -18,9 +18,11 @@ void add_folder(const QString& folder, gathered_presets& gathered)
     const QStringList found = presets_in_folder(folder);
     if (found.isEmpty())
         gathered.empty_folders.append(folder);
-    const QDir root(folder);
-    for (const QString& path : found)
-        gathered.presets.append({path, folder_of(root.relativeFilePath(path)), QByteArray(), false});
+    const QDir root(QFileInfo(folder).absoluteFilePath());
+    for (const QString& path : found) {
+        const QString relative = root.relativeFilePath(QFileInfo(path).absoluteFilePath());
+        gathered.presets.append({path, folder_of(relative), QByteArray(), false});
+    }
 }
 
 void add_archive(const QString& archive, gathered_presets& gathered)
