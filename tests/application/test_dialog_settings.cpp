@@ -21,7 +21,6 @@ private slots:
     void stored_language_is_shown_data();
     void stored_language_is_shown();
     void one_change_stores_all_three_choices();
-    void boxes_offer_their_items_in_order();
 
 private:
     struct boxes {
@@ -149,34 +148,6 @@ void test_dialog_settings::one_change_stores_all_three_choices()
     QCOMPARE(settings.value(QStringLiteral("lang")).toString(), QStringLiteral("de"));
 }
 
-void test_dialog_settings::boxes_offer_their_items_in_order()
-{
-    QSettings settings;
-    dialog_settings dialog(&settings);
-    const auto items = [](const QComboBox* box) {
-        QStringList pairs;
-        for (int i = 0; i < box->count(); ++i)
-            pairs << box->itemText(i) + QLatin1Char('=') + box->itemData(i).toString();
-        return pairs;
-    };
-    const boxes shown = boxes_of(dialog);
-    QCOMPARE(items(shown.format), QStringList({"Separate Styles=separate", "Stylepack=stylepack",
-                                               "Stylepack with Category=stylepack_category"}));
-    QCOMPARE(items(shown.colour_space),
-             QStringList({"RAW=raw", "JPG/TIF/etc. Adobe RGB=adobe", "JPG/TIF/etc. sRGB=srgb",
-                          "JPG/TIF/etc. ProPhoto RGB=prophoto", "JPG/TIF/etc. Wide Gamut RGB=widegamut"}));
-    QCOMPARE(items(shown.language), QStringList({"English=en", "Deutsch=de"}));
-
-    auto* form = qobject_cast<QFormLayout*>(dialog.layout());
-    QVERIFY(form);
-    QStringList labels;
-    for (int row = 0; row < form->rowCount(); ++row)
-        labels << qobject_cast<QLabel*>(form->itemAt(row, QFormLayout::LabelRole)->widget())->text();
-    QCOMPARE(labels, QStringList({"Format", "Color Space", "Language"}));
-    QCOMPARE(shown.format->minimumWidth(), 220);
-    QCOMPARE(shown.language->minimumWidth(), 120);
-    QCOMPARE(shown.language->height(), 22);
-}
 
 STYLEWRIGHT_GUI_TEST_MAIN(test_dialog_settings)
 #include "test_dialog_settings.moc"

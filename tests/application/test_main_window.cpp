@@ -35,18 +35,9 @@ private slots:
     void cleanup();
 
     void log_shows_lines_written_before_it_was_first_opened();
-    void log_shortcut_twice_only_raises_the_one_log_window();
-    void focused_log_keeps_new_text_waiting();
-    void closing_the_log_only_hides_it();
     void standard_streams_are_restored_on_destruction();
-    void output_folder_row_shows_the_stored_folder();
-    void cancelled_folder_chooser_keeps_the_stored_folder();
     void chosen_output_folder_is_stored_and_shown();
-    void window_grows_only_in_width();
-    void buttons_have_their_sizes_and_tool_tips();
     void texts_are_german_with_german_translations();
-    void information_shortcut_opens_the_information_box();
-    void about_button_opens_the_about_box();
     void help_button_opens_the_help_page_of_the_language();
     void language_change_in_settings_asks_for_a_restart();
     void cancelled_preset_dialog_changes_nothing();
@@ -144,54 +135,8 @@ void test_main_window::log_shows_lines_written_before_it_was_first_opened()
     QVERIFY(log->toPlainText().contains(QStringLiteral("written to standard error\n")));
 }
 
-void test_main_window::log_shortcut_twice_only_raises_the_one_log_window()
-{
-    open_window();
-    press_shortcut(Qt::Key_L);
-    QTextEdit* log = log_window();
-    QVERIFY(log);
-    QVERIFY(log->isVisible());
 
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    press_shortcut(Qt::Key_L);
-    QCOMPARE(log_window(), log);
-    QVERIFY(log->isVisible());
-    QVERIFY(QTest::qWaitForWindowActive(log));
-}
 
-void test_main_window::focused_log_keeps_new_text_waiting()
-{
-    vel::install_qt_message_handler(true, false);
-    open_window();
-    press_shortcut(Qt::Key_L);
-    QTextEdit* log = log_window();
-    QVERIFY(QTest::qWaitForWindowActive(log));
-    // The user clicks into the log to select some text.
-    QTest::mouseClick(log->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10));
-    QVERIFY(log->hasFocus());
-
-    // The user may be selecting text: nothing moves under the pointer.
-    qWarning() << "arrives while reading";
-    QTest::qWait(350);
-    QVERIFY(!log->toPlainText().contains(QStringLiteral("arrives while reading")));
-
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    QTRY_VERIFY(log->toPlainText().contains(QStringLiteral("Warning: arrives while reading\n")));
-}
-
-void test_main_window::closing_the_log_only_hides_it()
-{
-    open_window();
-    press_shortcut(Qt::Key_L);
-    QTextEdit* log = log_window();
-    QVERIFY(!log->testAttribute(Qt::WA_QuitOnClose));
-    QVERIFY(log->close());
-    QVERIFY(!log->isVisible());
-    QCOMPARE(log_window(), log);
-    QVERIFY(window->isVisible());
-}
 
 void test_main_window::standard_streams_are_restored_on_destruction()
 {
@@ -207,33 +152,7 @@ void test_main_window::standard_streams_are_restored_on_destruction()
     QVERIFY(!log_window());
 }
 
-void test_main_window::output_folder_row_shows_the_stored_folder()
-{
-    make_window();
-    auto* field = window->findChild<vel::line_edit*>();
-    QVERIFY(field);
-    QCOMPARE(field->text(), settings_keys::output_dir.default_value);
-    QVERIFY(field->isReadOnly());
-    QCOMPARE(field->height(), 22);
 
-    QSettings().setValue(settings_keys::output_dir.key, QStringLiteral("/Users/anna/Styles"));
-    make_window();
-    QCOMPARE(window->findChild<vel::line_edit*>()->text(), QStringLiteral("/Users/anna/Styles"));
-}
-
-void test_main_window::cancelled_folder_chooser_keeps_the_stored_folder()
-{
-    QSettings().setValue(settings_keys::output_dir.key, QStringLiteral("/kept"));
-    open_window();
-    gui_test::modal_answer answer([](QWidget* dialog) {
-        QVERIFY(qobject_cast<QFileDialog*>(dialog));
-        static_cast<QDialog*>(dialog)->reject();
-    });
-    button_with_tip(QStringLiteral("Select the folder where the converted Lightroom presets will be saved."))->click();
-    QVERIFY(answer.answered());
-    QCOMPARE(QSettings().value(settings_keys::output_dir.key).toString(), QStringLiteral("/kept"));
-    QCOMPARE(window->findChild<vel::line_edit*>()->text(), QStringLiteral("/kept"));
-}
 
 void test_main_window::chosen_output_folder_is_stored_and_shown()
 {
@@ -260,39 +179,7 @@ void test_main_window::chosen_output_folder_is_stored_and_shown()
     QCOMPARE(window->findChild<vel::line_edit*>()->text(), chosen.path());
 }
 
-void test_main_window::window_grows_only_in_width()
-{
-    open_window();
-    QCOMPARE(window->minimumHeight(), window->maximumHeight());
-    QCOMPARE(window->height(), window->sizeHint().height());
-    QVERIFY(window->maximumWidth() > window->minimumWidth());
-}
 
-void test_main_window::buttons_have_their_sizes_and_tool_tips()
-{
-    make_window();
-    const struct {
-        const char* tip;
-        QSize size;
-        const char* type;
-    } expected[] = {
-        {"Show settings dialog", QSize(27, 26), "header"},
-        {"Show information about this program", QSize(27, 26), "header"},
-        {"Display the help page for this program", QSize(27, 26), "header"},
-        {"Select the folder where the converted Lightroom presets will be saved.", QSize(23, 22), ""},
-        {"Load Lightroom preset(s) and convert to Capture One.", QSize(88, 54), ""},
-    };
-    for (const auto& button : expected) {
-        vel::dark_button* found = button_with_tip(QString::fromUtf8(button.tip));
-        QVERIFY2(found, button.tip);
-        QCOMPARE(found->size(), button.size);
-        QCOMPARE(found->type(), QString::fromLatin1(button.type));
-        QVERIFY2(!found->icon().isNull(), button.tip);
-    }
-    auto* header = window->findChild<QWidget*>(QStringLiteral("header"));
-    QVERIFY(header);
-    QCOMPARE(header->height(), 42);
-}
 
 void test_main_window::texts_are_german_with_german_translations()
 {
@@ -313,27 +200,7 @@ void test_main_window::texts_are_german_with_german_translations()
     QVERIFY(button_with_tip(QStringLiteral("Show settings dialog")));
 }
 
-void test_main_window::information_shortcut_opens_the_information_box()
-{
-    open_window();
-    gui_test::modal_answer answer([](QWidget* box) {
-        QVERIFY(qobject_cast<vel::information_box*>(box));
-        box->close();
-    });
-    press_shortcut(Qt::Key_G);
-    QVERIFY(answer.answered());
-}
 
-void test_main_window::about_button_opens_the_about_box()
-{
-    open_window();
-    gui_test::modal_answer answer([](QWidget* box) {
-        QVERIFY(qobject_cast<vel::about_dialog*>(box));
-        box->close();
-    });
-    button_with_tip(QStringLiteral("Show information about this program"))->click();
-    QVERIFY(answer.answered());
-}
 
 void test_main_window::help_button_opens_the_help_page_of_the_language()
 {

@@ -1,4 +1,4 @@
-#include "conversion/conversion_fixtures.h"
+#include "application/conversion_fixtures.h"
 #include "hardening/cli_runner.h"
 
 #include <QDirIterator>

@@ -1,4 +1,4 @@
-#include "conversion/conversion_fixtures.h"
+#include "application/conversion_fixtures.h"
 #include "test_support.h"
 
 #include <QDirIterator>

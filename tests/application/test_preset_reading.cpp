@@ -1,5 +1,5 @@
 #include "application/preset_reading.h"
-#include "conversion/conversion_fixtures.h"
+#include "application/conversion_fixtures.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "application/conversion_messages.h"
-#include "conversion/conversion_fixtures.h"
+#include "application/conversion_fixtures.h"
 
 #include <gtest/gtest.h>
 

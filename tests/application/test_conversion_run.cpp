@@ -1,5 +1,5 @@
 #include "application/conversion_run.h"
-#include "conversion/conversion_fixtures.h"
+#include "application/conversion_fixtures.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
