@@ -1,5 +1,5 @@
 #include "application/conversion_fixtures.h"
-#include "hardening/cli_runner.h"
+#include "cli/cli_runner.h"
 
 #include <QDirIterator>
 #include <QRegularExpression>

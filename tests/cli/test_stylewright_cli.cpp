@@ -359,6 +359,15 @@ TEST_F(stylewright_cli, every_corpus_preset_converts_to_well_formed_xml)
         lint << path("out/" + style);
     const cli_result linted = run_command(lint);
     EXPECT_EQ(linted.exit_code, 0) << linted.err.constData();
+
+    // The same presets as one pack: unzip, which we did not write, reads it whole.
+    run({"--category", "-p", "corpus.costylepack", corpus});
+    const QString unzip = QStandardPaths::findExecutable("unzip");
+    if (unzip.isEmpty())
+        GTEST_SKIP() << "unzip not installed";
+    const cli_result tested = run_command({unzip, "-tq", path("corpus.costylepack")});
+    EXPECT_EQ(tested.exit_code, 0) << tested.out.constData();
+    EXPECT_EQ(zip_entries(path("corpus.costylepack")).size(), styles.size());
 }
 
 } // namespace
