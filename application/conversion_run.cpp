@@ -3,6 +3,7 @@
 #include "application/pack_entry_names.h"
 #include "application/preset_reading.h"
 #include "importer/lightroom_importer.h"
+#include "writer/carried_settings.h"
 #include "writer/costyle_writer.h"
 
 #include <QDebug>
@@ -136,6 +137,12 @@ private:
         if (!converted) {
             shell_.report_failure(conversion_messages::conversion_failed(path));
             return turn_outcome::failed;
+        }
+
+        if (QLoggingCategory::defaultCategory()->isDebugEnabled()) {
+            const style_losses losses = what_a_style_leaves_out(record);
+            if (!losses.empty())
+                qDebug().noquote() << QStringLiteral("%1: the style leaves out %2").arg(path, losses.summary());
         }
 
         if (!separate_) {

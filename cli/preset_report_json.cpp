@@ -21,6 +21,24 @@ QJsonArray curve_json(const QVector<QPoint>& curve)
     return points;
 }
 
+// The settings a style lacks, and beside them only the kinds of loss the
+// preset has.
+QJsonObject losses_json(const style_losses& losses)
+{
+    QJsonObject json{{QStringLiteral("settings"), QJsonArray::fromStringList(losses.settings)}};
+    if (!losses.local_adjustments.isEmpty()) {
+        QJsonObject counts;
+        for (auto it = losses.local_adjustments.cbegin(); it != losses.local_adjustments.cend(); ++it)
+            counts.insert(it.key(), it.value());
+        json.insert(QStringLiteral("local_adjustments"), counts);
+    }
+    if (!losses.look.isEmpty())
+        json.insert(QStringLiteral("look"), losses.look);
+    if (!losses.white_balance.isEmpty())
+        json.insert(QStringLiteral("white_balance"), losses.white_balance);
+    return json;
+}
+
 QJsonObject preset_json(const QString& path, const lightroom_importer& record)
 {
     QJsonObject settings;
@@ -49,7 +67,7 @@ QJsonObject preset_json(const QString& path, const lightroom_importer& record)
             {QStringLiteral("settings"), settings},
             {QStringLiteral("curves"), curves},
             {QStringLiteral("flags"), flags},
-            {QStringLiteral("not_carried_over"), QJsonArray::fromStringList(not_carried_over(record))}};
+            {QStringLiteral("not_carried_over"), losses_json(what_a_style_leaves_out(record))}};
 }
 
 QString failure_text(const conversion_failure& failure)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "importer/preset_extras.h"
+
 #include <QMap>
 #include <QPoint>
 #include <QString>
@@ -19,6 +21,8 @@ public:
     QVector<QPoint> tone_curve_red;
     QVector<QPoint> tone_curve_green;
     QVector<QPoint> tone_curve_blue;
+    // Counted beside the settings: what no settings key shows.
+    preset_extras extras;
 
     lightroom_importer() = default;
 

@@ -6,6 +6,7 @@
 #include <QLatin1String>
 #include <QPoint>
 #include <stdexcept>
+#include <utility>
 
 lrparser::lrparser(const QString& text)
     : tokenizer_(text)
@@ -55,18 +56,21 @@ void lrparser::parse(lightroom_importer& record)
     expect(token_type::eof);
 }
 
-void lrparser::skip_table_list()
+int lrparser::skip_table_list()
 {
     int depth = 1;
+    int tables = 0;
     while (current_.type != token_type::eof) {
         if (current_.type == token_type::lbrace) {
+            tables += depth == 1 ? 1 : 0;
             ++depth;
         } else if (current_.type == token_type::rbrace) {
             if (--depth < 1)
-                return;
+                return tables;
         }
         advance();
     }
+    return tables;
 }
 
 void lrparser::read_curve(lightroom_importer& record, const QString& key)
@@ -116,6 +120,8 @@ void lrparser::read_object(lightroom_importer& record, bool top)
         if (current_.type != token_type::lbrace) {
             // A scalar of any kind; its text is stored as it stands.
             record.settings.insert(key, current_.text.toString());
+            if (table_key_ == QLatin1String("Look") && key == QLatin1String("Name"))
+                record.extras.look = current_.text.toString();
         } else {
             advance();
             if (!key.startsWith(QLatin1String("ToneCurve"))) {
@@ -124,12 +130,14 @@ void lrparser::read_object(lightroom_importer& record, bool top)
                         throw std::runtime_error(
                             QStringLiteral("Tables nested more than %1 levels deep").arg(max_table_depth).toStdString());
                     ++depth_;
+                    const QString parent_key = std::exchange(table_key_, key);
                     read_object(record, false);
+                    table_key_ = parent_key;
                     --depth_;
                 } else {
                     // A list of tables (masks, gradients): nothing in it maps
                     // onto a style, so it is passed over unread.
-                    skip_table_list();
+                    record.extras.note_local_adjustments(key, skip_table_list());
                 }
             } else {
                 read_curve(record, key);

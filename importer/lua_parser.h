@@ -41,7 +41,8 @@ private:
     void advance();
     const lrtoken& peek();
     // Skips a list of tables; stops on the brace that closes the list.
-    void skip_table_list();
+    // Passes over a list of tables; returns how many tables it holds.
+    int skip_table_list();
     void read_curve(lightroom_importer& record, const QString& key);
 
     lua_tokenizer tokenizer_;
@@ -50,4 +51,6 @@ private:
     lrtoken next_;
     bool has_next_ = false;
     int depth_ = 0;
+    // The key of the table being read (empty at the top).
+    QString table_key_;
 };

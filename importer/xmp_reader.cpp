@@ -12,6 +12,36 @@ namespace {
 // well-formedness error after a few kilobytes instead of gigabytes.
 constexpr int max_entity_expansion = 4096;
 
+// Develop settings live in this namespace; everything else on the description
+// is metadata of the file (EXIF, TIFF, xmp, rdf).
+const QLatin1String camera_raw_namespace("http://ns.adobe.com/camera-raw-settings/1.0/");
+
+// Consumes an element the record has no place for, noting what a report on
+// the preset's losses needs: the corrections of a local-adjustment list (the
+// items of its rdf:Seq) and the name of a Look.
+void note_skipped_element(preset_extras& extras, QXmlStreamReader& reader)
+{
+    const QString element = reader.name().toString();
+    int items = 0;
+    while (reader.readNextStartElement()) {
+        if (reader.name() == QLatin1String("Seq")) {
+            while (reader.readNextStartElement()) {
+                items += reader.name() == QLatin1String("li") ? 1 : 0;
+                reader.skipCurrentElement();
+            }
+        } else if (element == QLatin1String("Look") && reader.name() == QLatin1String("Description")) {
+            for (const QXmlStreamAttribute& attribute : reader.attributes()) {
+                if (attribute.name() == QLatin1String("Name"))
+                    extras.look = attribute.value().toString();
+            }
+            reader.skipCurrentElement();
+        } else {
+            reader.skipCurrentElement();
+        }
+    }
+    extras.note_local_adjustments(element, items);
+}
+
 // The attributes and children of the one rdf:Description that holds the
 // develop settings; the reader stands on its start element.
 void read_description(lightroom_importer& record, QXmlStreamReader& reader)
@@ -20,6 +50,10 @@ void read_description(lightroom_importer& record, QXmlStreamReader& reader)
         const QString key = attribute.name().toString();
         const QString value = attribute.value().toString();
         record.settings.insert(key, value);
+        if (attribute.namespaceUri() == camera_raw_namespace)
+            record.extras.non_develop_keys.remove(key);
+        else
+            record.extras.non_develop_keys.insert(key);
         qDebug() << key << "->" << value;
     }
 
@@ -45,7 +79,7 @@ void read_description(lightroom_importer& record, QXmlStreamReader& reader)
             qDebug() << "ToneCurvePV2012Blue -> " << record.tone_curve_blue;
         } else {
             qDebug() << "Skipping" << element;
-            reader.skipCurrentElement();
+            note_skipped_element(record.extras, reader);
         }
     }
 }

@@ -70,10 +70,39 @@ QStringList not_carried_over(const lightroom_importer& preset)
     for (auto entry = settings.cbegin(); entry != settings.cend(); ++entry) {
         const QString& key = entry.key();
         // An empty key (a blank line of a dotted template) is no setting at all.
-        if (key.isEmpty() || read.contains(key) || bookkeeping_keys().contains(key))
+        if (key.isEmpty() || read.contains(key) || bookkeeping_keys().contains(key) ||
+            preset.extras.non_develop_keys.contains(key))
             continue;
         missing.append(key);
     }
     // The settings map is ordered by key already, so the list is too.
     return missing;
+}
+
+bool style_losses::empty() const
+{
+    return settings.isEmpty() && local_adjustments.isEmpty() && look.isEmpty() && white_balance.isEmpty();
+}
+
+QString style_losses::summary() const
+{
+    QStringList parts;
+    QStringList adjustments;
+    for (auto it = local_adjustments.cbegin(); it != local_adjustments.cend(); ++it)
+        adjustments << QStringLiteral("%1 %2").arg(it.value()).arg(it.key());
+    if (!adjustments.isEmpty())
+        parts << QStringLiteral("local adjustments (%1)").arg(adjustments.join(QStringLiteral(", ")));
+    if (!look.isEmpty())
+        parts << QStringLiteral("Look \"%1\"").arg(look);
+    if (!white_balance.isEmpty())
+        parts << QStringLiteral("white balance \"%1\"").arg(white_balance);
+    if (!settings.isEmpty())
+        parts << QStringLiteral("%1 settings: %2").arg(settings.size()).arg(settings.join(QStringLiteral(", ")));
+    return parts.join(QStringLiteral("; "));
+}
+
+style_losses what_a_style_leaves_out(const lightroom_importer& preset)
+{
+    return {not_carried_over(preset), preset.extras.local_adjustments, preset.extras.look,
+            named_white_balance(preset.settings)};
 }

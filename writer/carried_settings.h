@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QMap>
+#include <QString>
 #include <QStringList>
 
 class lightroom_importer;
@@ -10,3 +12,20 @@ class lightroom_importer;
 // and support flags, curve names) are left out; the point curves are not
 // settings and never appear.
 QStringList not_carried_over(const lightroom_importer& preset);
+
+// Everything a style made from the preset lacks: its unread develop settings,
+// and what no settings key shows (local adjustments by kind, the Look, a
+// white balance given by name).
+struct style_losses {
+    QStringList settings;
+    QMap<QString, int> local_adjustments;
+    QString look;
+    QString white_balance;
+
+    bool empty() const;
+    // One line for a log: "2 gradient, 1 radial; Look "Adobe Color"; white
+    // balance "Auto"; 3 settings: A, B, C".
+    QString summary() const;
+};
+
+style_losses what_a_style_leaves_out(const lightroom_importer& preset);
