@@ -1,5 +1,7 @@
 #include "application/output_format.h"
 
+#include "writer/named_values.h"
+
 QString output_format_name(output_format format)
 {
     switch (format) {
@@ -15,9 +17,5 @@ QString output_format_name(output_format format)
 
 std::optional<output_format> parse_output_format(const QString& name)
 {
-    for (const output_format format : all_output_formats) {
-        if (output_format_name(format) == name)
-            return format;
-    }
-    return std::nullopt;
+    return value_named(all_output_formats, &output_format_name, name);
 }

@@ -1,5 +1,7 @@
 #include "writer/colour_space.h"
 
+#include "writer/named_values.h"
+
 QString colour_space_name(colour_space space)
 {
     switch (space) {
@@ -19,9 +21,5 @@ QString colour_space_name(colour_space space)
 
 std::optional<colour_space> parse_colour_space(const QString& name)
 {
-    for (const colour_space space : all_colour_spaces) {
-        if (colour_space_name(space) == name)
-            return space;
-    }
-    return std::nullopt;
+    return value_named(all_colour_spaces, &colour_space_name, name);
 }
