@@ -2,14 +2,12 @@
 
 #include "application/pack_entry_names.h"
 #include "application/preset_reading.h"
+#include "application/preset_step.h"
 #include "importer/lightroom_importer.h"
-#include "writer/carried_settings.h"
-#include "writer/costyle_writer.h"
 
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
-#include <QLoggingCategory>
 #include <QSaveFile>
 
 #include <cerrno>
@@ -57,13 +55,14 @@ public:
     {
         conversion_result result;
         const int count = presets.size();
+        const std::unique_ptr<preset_steps> steps = make_preset_steps(presets, options_.colour_space, options_.jobs);
         for (int i = 0; i < count; ++i) {
             if (shell_.cancelled()) {
                 result.cancelled = true;
                 break;
             }
             shell_.progress(i, count, presets.at(i).path);
-            switch (convert(presets.at(i), result.pack_entries)) {
+            switch (convert(*steps, i, presets.at(i), result.pack_entries)) {
             case turn_outcome::converted:
                 ++result.converted;
                 break;
@@ -79,14 +78,15 @@ public:
     }
 
 private:
-    turn_outcome convert(const preset_source& preset, QMap<QString, QString>& pack_entries)
+    turn_outcome convert(preset_steps& steps, int index, const preset_source& preset,
+                         QMap<QString, QString>& pack_entries)
     {
         if (preset_format_of(preset.path) == preset_format::unsupported) {
             shell_.report_failure(conversion_messages::unsupported_format(preset.path));
             return turn_outcome::failed;
         }
         try {
-            return convert_readable(preset, pack_entries);
+            return convert_readable(steps, *steps.read(index), pack_entries);
         } catch (const std::exception& error) {
             shell_.report_failure(
                 conversion_messages::unreadable_preset(preset.path, QString::fromUtf8(error.what())));
@@ -94,15 +94,11 @@ private:
         }
     }
 
-    turn_outcome convert_readable(const preset_source& preset, QMap<QString, QString>& pack_entries)
+    turn_outcome convert_readable(preset_steps& steps, preset_step& step, QMap<QString, QString>& pack_entries)
     {
+        const preset_source& preset = step.source;
         const QString& path = preset.path;
-        lightroom_importer record;
-        read_preset(preset, record);
-        // Rendering a settings map of a hundred entries costs more than the rest of
-        // the bookkeeping; only do it when someone listens.
-        if (QLoggingCategory::defaultCategory()->isDebugEnabled())
-            qDebug() << record.settings;
+        const lightroom_importer& record = step.record;
 
         const QString style_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
         const QString folder = preset.subfolder.isEmpty()
@@ -110,40 +106,28 @@ private:
                                    : shell_.output_folder() + QLatin1Char('/') + preset.subfolder;
         const QString target = folder + QLatin1Char('/') + style_name;
 
-        // A writer per preset: nothing of one conversion can reach the next.
-        const costyle_writer writer;
-        bool white_balance = false;
-        bool dehaze = false;
-        bool lut = false;
-        bool camera_calibration = false;
-        writer.check_costyle(white_balance, dehaze, lut, camera_calibration, record);
-
-        if (skipped_silently(white_balance, dehaze || lut, camera_calibration))
+        const bool unsupported = step.dehaze || step.lut;
+        if (skipped_silently(step.white_balance, unsupported, step.camera_calibration))
             return turn_outcome::skipped;
-        if (!answered_convert(white_balance, white_balance_,
+        if (!answered_convert(step.white_balance, white_balance_,
                               [&] { return conversion_messages::white_balance_question(path, record.name, labels_); }))
             return turn_outcome::skipped;
-        if (!answered_convert(dehaze || lut, unsupported_, [&] {
-                return conversion_messages::unsupported_parameters_question(path, record.name, lut, dehaze, labels_);
+        if (!answered_convert(unsupported, unsupported_, [&] {
+                return conversion_messages::unsupported_parameters_question(path, record.name, step.lut, step.dehaze,
+                                                                            labels_);
             }))
             return turn_outcome::skipped;
-        if (!answered_convert(camera_calibration, camera_calibration_, [&] {
+        if (!answered_convert(step.camera_calibration, camera_calibration_, [&] {
                 return conversion_messages::camera_calibration_question(path, record.name, labels_);
             }))
             return turn_outcome::skipped;
 
-        QString document;
-        const bool converted = writer.create_costyle(record, document, options_.colour_space);
-        if (!converted) {
+        steps.build(step);
+        if (!step.converted) {
             shell_.report_failure(conversion_messages::conversion_failed(path));
             return turn_outcome::failed;
         }
-
-        if (QLoggingCategory::defaultCategory()->isDebugEnabled()) {
-            const style_losses losses = what_a_style_leaves_out(record);
-            if (!losses.empty())
-                qDebug().noquote() << QStringLiteral("%1: the style leaves out %2").arg(path, losses.summary());
-        }
+        const QString& document = step.document;
 
         if (!separate_) {
             bool renamed = false;

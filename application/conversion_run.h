@@ -45,6 +45,10 @@ struct conversion_options {
     // The colour space to convert into, by its name ("raw", "adobe", ...); an
     // unknown name converts without a colour table.
     QString colour_space = colour_space_name(colour_space::raw);
+    // How many presets are read and built at once, on as many threads; the
+    // questions, writes and messages still come one preset after the other,
+    // in order. Only for shells whose answers do not depend on what was shown.
+    int jobs = 1;
 };
 
 struct conversion_result {

@@ -86,6 +86,10 @@ parsed_command_line parse_command_line(const QStringList& arguments)
                                          QStringLiteral("convert|skip"));
     const QCommandLineOption to_stdout(QStringLiteral("stdout"),
                                        QStringLiteral("Print the style of the one preset given to standard output."));
+    const QCommandLineOption jobs({QStringLiteral("j"), QStringLiteral("jobs")},
+                                  QStringLiteral("Presets read and converted at once (default: the number of "
+                                                 "cores). Output comes in the same order whatever the number."),
+                                  QStringLiteral("N"));
     const QCommandLineOption inspect(QStringLiteral("inspect"),
                                      QStringLiteral("Print what each preset holds as JSON; write nothing."));
     const QCommandLineOption verbose({QStringLiteral("v"), QStringLiteral("verbose")},
@@ -94,7 +98,7 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     // Not addVersionOption: it would take -v, which is --verbose here.
     const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Print the version."));
 
-    parser.addOptions({output, colorspace, pack, category, white_balance, unsupported, calibration, to_stdout, inspect,
+    parser.addOptions({output, colorspace, pack, category, white_balance, unsupported, calibration, to_stdout, jobs, inspect,
                        verbose, quiet});
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOption(version);
@@ -122,6 +126,12 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     options.category = parser.isSet(category);
     options.to_stdout = parser.isSet(to_stdout);
     options.inspect = parser.isSet(inspect);
+    if (parser.isSet(jobs)) {
+        bool number = false;
+        options.jobs = parser.value(jobs).toInt(&number);
+        if (!number || options.jobs < 1)
+            return usage_error(QStringLiteral("--jobs takes a whole number of at least 1, not '%1'.").arg(parser.value(jobs)));
+    }
     if (parser.isSet(output))
         options.output_folder = parser.value(output);
 

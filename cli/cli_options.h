@@ -4,6 +4,7 @@
 #include "writer/colour_space.h"
 
 #include <QString>
+#include <QThread>
 #include <QStringList>
 
 enum class verbosity { quiet, normal, verbose };
@@ -23,6 +24,8 @@ struct cli_options {
     question_answer calibration = question_answer::convert;
     bool to_stdout = false;
     bool inspect = false;
+    // Presets worked on at once; every core by default.
+    int jobs = QThread::idealThreadCount();
     verbosity level = verbosity::normal;
 };
 

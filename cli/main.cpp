@@ -104,6 +104,7 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
                         : options.category ? output_format::stylepack_category
                                            : output_format::stylepack;
     conversion.colour_space = colour_space_name(options.space);
+    conversion.jobs = options.jobs;
     cli_shell shell(options);
     conversion_result result = run_conversion(presets, conversion, shell);
     cli_output::end_progress();

@@ -333,7 +333,16 @@ TEST_F(stylewright_cli, every_corpus_preset_converts_to_well_formed_xml)
         "fm-col-cross-process-alanmiller-empty-tables.lrtemplate", "fm-col-deep-negative-handedited.lrtemplate",
         "fm-col-negative-point-curve-comment.lrtemplate", "fm-cp-matrix-trailing-comment.lrtemplate",
         "fm-midnight-html-web-template-not-develop.lrtemplate",    "fm-pc-m-curve-escaped-quotes.lrtemplate"};
-    const cli_result result = run({"-o", "out", corpus});
+    const cli_result result = run({"-o", "out", "--jobs", "2", "-v", corpus});
+    // One preset at a time gives the same files and says the same, in the same order.
+    const cli_result one_by_one = run({"-o", "out-1", "--jobs", "1", "-v", corpus});
+    EXPECT_EQ(one_by_one.err, result.err);
+    for (QDirIterator it(path("out"), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString style = QDir(path("out")).relativeFilePath(it.next());
+        const QRegularExpression uuid("<E K=\"UUID\"[^>]*>");
+        EXPECT_EQ(QString::fromUtf8(read_file(it.filePath())).remove(uuid),
+                  QString::fromUtf8(read_file(path("out-1/" + style))).remove(uuid));
+    }
 
     QStringList failed;
     for (const QString& line : result.lines().filter(QRegularExpression("^Error: "))) {
