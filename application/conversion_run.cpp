@@ -170,21 +170,40 @@ private:
 
     // Through a temporary file renamed over the target: a failed write neither
     // leaves a truncated style nor destroys an earlier one of the same name.
+    // Writes the whole document or reports why not. Buffered writes fail late
+    // (a full disk, a file-size limit), so the data is flushed and checked here.
+    static bool write_whole(QFileDevice& file, const QByteArray& bytes, QString& reason)
+    {
+        errno = 0;
+        if (file.write(bytes) == bytes.size() && file.flush())
+            return true;
+        const int error = errno;
+        reason = error != 0 ? qt_error_string(error) : file.errorString();
+        return false;
+    }
+
+    // A failed write never leaves a truncated style nor destroys an earlier one
+    // of the same name. A new name is written directly, and removed again if
+    // writing fails; an existing style is replaced through a temporary file
+    // renamed over it, which costs several times as much on most file systems.
     static bool write_style(const QString& target, const QString& document, QString& reason)
     {
+        const QByteArray bytes = document.toUtf8();
+        QFile fresh(target);
+        if (fresh.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+            if (write_whole(fresh, bytes, reason))
+                return true;
+            fresh.remove();
+            return false;
+        }
         QSaveFile file(target);
         if (!file.open(QIODevice::WriteOnly)) {
             reason = file.errorString();
             return false;
         }
-        const QByteArray bytes = document.toUtf8();
-        errno = 0;
-        // QSaveFile::commit renames even when flushing its buffer failed (a full disk,
-        // a file-size limit), which would replace the style by a truncated one; so
-        // the data is flushed and checked before the commit.
-        if (file.write(bytes) != bytes.size() || !file.flush()) {
-            const int error = errno;
-            reason = error != 0 ? qt_error_string(error) : file.errorString();
+        // QSaveFile::commit renames even when flushing its buffer failed, which
+        // would replace the style by a truncated one.
+        if (!write_whole(file, bytes, reason)) {
             file.cancelWriting();
             return false;
         }
