@@ -30,6 +30,9 @@ void lightroom_importer::read_dot_notation_lrpreset(const QString& text)
 
     const QVector<QStringRef> lines = text.splitRef(QLatin1Char('\n'));
     for (const QStringRef& line_ref : lines) {
+        // A Lua comment line says nothing about the preset.
+        if (line_ref.trimmed().startsWith(QLatin1String("--")))
+            continue;
         QString line = line_ref.toString();
         // Only indented lines lose their table path; an unindented
         // "s.title = ..." keeps its "s." in the key.

@@ -48,6 +48,7 @@ QStringRef lua_tokenizer::next_piece()
     const QChar* const data = text_->constData();
     const QChar quote(QLatin1Char('"'));
     const QChar comma(QLatin1Char(','));
+    const QChar dash(QLatin1Char('-'));
 
     int start = pos_;
     // A piece ends only outside a string, so the flag is always off between
@@ -62,6 +63,13 @@ QStringRef lua_tokenizer::next_piece()
         } else if (c == quote) {
             in_string = true;
             ++pos_;
+        } else if (c == dash && pos_ + 1 < size && data[pos_ + 1] == dash) {
+            // A comment ends the piece before it and is passed over like
+            // white space.
+            if (pos_ > start)
+                return QStringRef(text_, start, pos_ - start);
+            pos_ = comment_end(pos_);
+            start = pos_;
         } else if (c == comma) {
             // The comma is a piece of its own; when it ends a piece, it is
             // handed out on the next call.
@@ -83,6 +91,28 @@ QStringRef lua_tokenizer::next_piece()
     if (pos_ > start)
         return QStringRef(text_, start, pos_ - start);
     return QStringRef();
+}
+
+int lua_tokenizer::comment_end(int dashes) const
+{
+    // "--[[", "--[=[", "--[==[" ... open a long comment that the closing
+    // bracket with as many "=" ends; any other "--" a comment to the end of
+    // the line. A long comment that is never closed runs to the end of the
+    // text, as Lua would refuse the file anyway.
+    const QString& text = *text_;
+    int pos = dashes + 2;
+    if (pos < text.size() && text.at(pos) == QLatin1Char('[')) {
+        int level_end = pos + 1;
+        while (level_end < text.size() && text.at(level_end) == QLatin1Char('='))
+            ++level_end;
+        if (level_end < text.size() && text.at(level_end) == QLatin1Char('[')) {
+            const QString closing = QLatin1Char(']') + QString(level_end - pos - 1, QLatin1Char('=')) + QLatin1Char(']');
+            const int found = text.indexOf(closing, level_end + 1);
+            return found < 0 ? text.size() : found + closing.size();
+        }
+    }
+    const int line_end = text.indexOf(QLatin1Char('\n'), pos);
+    return line_end < 0 ? text.size() : line_end + 1;
 }
 
 lrtoken lua_tokenizer::classify(const QStringRef& piece)

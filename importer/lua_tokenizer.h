@@ -54,6 +54,9 @@ private:
     // The next raw piece, or a null reference at the end of the text.
     QStringRef next_piece();
 
+    // Where the comment that starts with the "--" at dashes ends.
+    int comment_end(int dashes) const;
+
     const QString* text_;
     int pos_ = 0;
 };

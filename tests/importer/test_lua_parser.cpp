@@ -1,5 +1,9 @@
 #include "importer/lua_parser.h"
 #include "importer_test_support.h"
+#include "test_support.h"
+
+#include <QDirIterator>
+#include <QRegularExpression>
 
 // `t = { t = { ... x = 1, }, }` with the given number of tables.
 static QString nested(int depth)
@@ -56,7 +60,6 @@ TEST(lrparser, syntax_errors_throw_the_message_and_keep_what_came_before)
         {"s = { Points = { 1, 2, }, }", unexpected.arg("name", "num")},
         {"s = { ToneCurvePV2012Alpha = { 0, 0, }, }", "Unsupported curve type: ToneCurvePV2012Alpha"},
         {"a=1", unexpected.arg("equals", "eof")},
-        {"s = {\n a = 1,\n -- by Joe\n}", unexpected.arg("equals", "name")}, // Lua comment
         {"s = { } return", unexpected.arg("comma", "name")}, {"s = { a = 1,", unexpected.arg("name", "eof")},
         {"s = { title = \"abc, }", unexpected.arg("name", "eof")}, // unterminated string
         {"s = { a =", unexpected.arg("name", "eof")}, {"{ a = 1, }", unexpected.arg("name", "lbrace")},
@@ -79,4 +82,46 @@ TEST(lrparser, syntax_errors_throw_the_message_and_keep_what_came_before)
     EXPECT_EQ(describe(record), "a=1; b=2; master: 1,2");
     EXPECT_EQ(log.of(QtCriticalMsg), QStringList{"prev token: token_type::num (\"2\", 2) token: token_type::rbrace "
                                                  "(\"}\", 0) next token: token_type::eof (\"\", 0)"});
+}
+
+// Lua comments outside strings read like white space, in any of their forms,
+// also right after a value; "--" inside a string stays.
+TEST(lrparser, comments_read_like_white_space)
+{
+    const QString plain = "s = { title = \"A -- B\", value = { settings = { Exposure2012 = -0.5, Tint = 3, }, }, }";
+    const QString commented[] = {
+        "-- by Joe\ns = { title = \"A -- B\", value = { settings = { Exposure2012 = -0.5,--x\n Tint = 3, }, }, }",
+        "s = { title = \"A -- B\", --[[ a\nlong }} one ]] value = { settings = { Exposure2012 = -0.5, Tint = 3, }, }, }",
+        "s = { title = \"A -- B\", value = { settings = { Exposure2012 = -0.5, Tint = 3, --[==[ ]] ]=] ]==]}, }, }",
+        "s = { title = \"A -- B\", value = { settings = { Exposure2012 = -0.5, Tint = 3, }, }, } --[[ never closed",
+    };
+    lightroom_importer expected;
+    expected.read_regular_lrpreset(plain);
+    EXPECT_EQ(expected.settings.value("title"), "A -- B");
+    for (const QString& text : commented) {
+        lightroom_importer record;
+        record.read_regular_lrpreset(text);
+        EXPECT_EQ(record.settings, expected.settings) << text.toStdString();
+    }
+    lightroom_importer dotted;
+    dotted.read_dot_notation_lrpreset("s.value.settings = {}\n-- a note = 5\n\ts.value.settings.Tint = 3\n");
+    EXPECT_EQ(dotted.settings.keys(), QStringList({"", "Tint"})); // "" is the last, empty line
+
+    // The real templates with comments read as they do with the comments cut out.
+    const QString corpus = test_support::corpus_dir();
+    int commented_presets = 0;
+    for (QDirIterator it(corpus + "/lrtemplate", {"*.lrtemplate"}, QDir::Files); !corpus.isEmpty() && it.hasNext();) {
+        QFile file(it.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        if (!text.contains(QRegularExpression("^[^\"]*--", QRegularExpression::MultilineOption)))
+            continue;
+        ++commented_presets;
+        lightroom_importer with, without;
+        with.read_regular_lrpreset(text);
+        without.read_regular_lrpreset(QString(text).remove(QRegularExpression("--[^\n]*")));
+        EXPECT_EQ(with.settings, without.settings) << it.fileName().toStdString();
+        EXPECT_EQ(with.tone_curve, without.tone_curve) << it.fileName().toStdString();
+    }
+    EXPECT_TRUE(corpus.isEmpty() || commented_presets == 5) << commented_presets;
 }
