@@ -23,7 +23,7 @@ copy_into() {
 }
 
 shopt -s nullglob
-findings="$source_dir/tests/hardening/fuzz_findings"
+findings="$source_dir/tests/fuzz/findings"
 copy_into regular_template "$preset_corpus"/lrtemplate/* "$findings"/regular_template/*
 copy_into dot_notation "$source_dir"/fuzz/inputs/dot_notation/* "$findings"/dot_notation/*
 copy_into xmp "$preset_corpus"/xmp/* "$findings"/xmp/*

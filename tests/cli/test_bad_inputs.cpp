@@ -470,7 +470,7 @@ TEST_P(bad_input_table, the_converter_answers_as_stated_and_changes_nothing_else
     EXPECT_EQ(styles, c.style_names);
 }
 
-INSTANTIATE_TEST_SUITE_P(hardening, bad_input_table, ::testing::ValuesIn(bad_inputs),
+INSTANTIATE_TEST_SUITE_P(cli, bad_input_table, ::testing::ValuesIn(bad_inputs),
                          [](const ::testing::TestParamInfo<bad_input>& info) { return std::string(info.param.name); });
 
 } // namespace

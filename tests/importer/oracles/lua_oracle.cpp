@@ -17,7 +17,7 @@ constexpr int lua_timeout_ms = 30000;
 
 QString flatten_script()
 {
-    return QStringLiteral(STYLEWRIGHT_SOURCE_DIR "/tests/hardening/flatten_template.lua");
+    return QStringLiteral(STYLEWRIGHT_SOURCE_DIR "/tests/importer/oracles/flatten_template.lua");
 }
 
 QString unescape(const QString& text)

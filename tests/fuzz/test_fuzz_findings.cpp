@@ -8,7 +8,7 @@
 // Every input that once made a fuzz harness fail, and the harnesses' small
 // hand-written start inputs, replayed through the harnesses' own code in the
 // ordinary build and under the sanitizers. The folder of each input names its
-// harness: tests/hardening/fuzz_findings/<harness>/.
+// harness: tests/fuzz/findings/<harness>/.
 
 namespace {
 
@@ -36,7 +36,7 @@ TEST_P(fuzz_findings, every_kept_input_runs_through_its_harness)
 {
     fuzz_targets::silence_qt_messages();
     int replayed = 0;
-    for (const QString& root : {QStringLiteral(STYLEWRIGHT_SOURCE_DIR "/tests/hardening/fuzz_findings"),
+    for (const QString& root : {QStringLiteral(STYLEWRIGHT_SOURCE_DIR "/tests/fuzz/findings"),
                                 QStringLiteral(STYLEWRIGHT_SOURCE_DIR "/fuzz/inputs")}) {
         const QDir folder(QDir(root).filePath(QString::fromLatin1(GetParam().folder)));
         for (const QString& name : folder.entryList(QDir::Files, QDir::Name)) {
@@ -51,7 +51,7 @@ TEST_P(fuzz_findings, every_kept_input_runs_through_its_harness)
     RecordProperty("replayed", replayed);
 }
 
-INSTANTIATE_TEST_SUITE_P(hardening, fuzz_findings, ::testing::ValuesIn(harnesses),
+INSTANTIATE_TEST_SUITE_P(fuzz, fuzz_findings, ::testing::ValuesIn(harnesses),
                          [](const ::testing::TestParamInfo<harness>& info) {
                              return std::string(info.param.folder == std::string("3dl") ? "lut_3dl"
                                                                                          : info.param.folder);
