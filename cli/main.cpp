@@ -119,8 +119,8 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
         if (result.pack_entries.isEmpty()) {
             cli_output::log_line(QtWarningMsg,
                                  QStringLiteral("No style was converted; %1 was not written.").arg(options.pack_path));
-        } else if (!write_stylepack(options.pack_path, result.pack_entries, options.category)) {
-            cli_output::error_line(QStringLiteral("%1: The style pack could not be written.").arg(options.pack_path));
+        } else if (QString reason; !write_stylepack(options.pack_path, result.pack_entries, options.category, &reason)) {
+            cli_output::error_line(QStringLiteral("%1: The style pack could not be written: %2.").arg(options.pack_path, reason));
             // Styles that never reached the disk are not converted.
             result.failed += result.converted;
             result.converted = 0;

@@ -396,7 +396,7 @@ const bad_input bad_inputs[] = {
          s.arguments = QStringList{QStringLiteral("-p"), QStringLiteral("missing/p.costylepack"), QStringLiteral("a.xmp")};
      },
      1,
-     {QStringLiteral("Error: missing/p.costylepack: The style pack could not be written."),
+     {QStringLiteral("Error: missing/p.costylepack: The style pack could not be written: Failure to create temporary file: No such file or directory."),
       QStringLiteral("0 converted, 0 skipped, 1 failed")},
      {},
      {}},

@@ -160,7 +160,7 @@ TEST_F(stylewright_cli, each_command_line_gives_its_messages_exit_status_and_fil
          {}},
         {"-p nowhere/x.costylepack a.xmp", 1,
          {"Warning: libzip zip_close error -1: Unknown error -1",
-          "Error: nowhere/x.costylepack: The style pack could not be written.", "0 converted, 0 skipped, 1 failed"},
+          "Error: nowhere/x.costylepack: The style pack could not be written: Failure to create temporary file", "0 converted, 0 skipped, 1 failed"},
          {}}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.arguments);
