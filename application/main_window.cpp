@@ -43,11 +43,7 @@
 
 namespace {
 
-// Period of moving new log text into the log window: often enough to feel
-// live, rare enough to cost nothing.
-constexpr int log_timer_period_ms = 100;
 
-constexpr QSize log_window_size(800, 300);
 
 // Header bar: a picture strip of this height, shifted down by the margin.
 constexpr int header_height = 42;
@@ -106,10 +102,10 @@ const font_families& embedded_fonts()
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
 {
-    saved_standard_output = std::cout.rdbuf(log_stream.rdbuf());
-    saved_standard_error = std::cerr.rdbuf(log_stream.rdbuf());
+    auto* log_shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_L), this);
+    log_shortcut->setContext(Qt::ApplicationShortcut);
+    connect(log_shortcut, &QShortcut::activated, &log, &log_window::show);
 
-    setup_log_window();
     setup_fonts();
     setup_layout();
 
@@ -123,82 +119,7 @@ MainWindow::MainWindow(QWidget* parent)
     setFixedHeight(sizeHint().height());
 }
 
-MainWindow::~MainWindow()
-{
-    log_timer.stop();
-    std::cout.rdbuf(saved_standard_output);
-    std::cerr.rdbuf(saved_standard_error);
-}
-
-void MainWindow::setup_log_window()
-{
-    auto* log_shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_L), this);
-    log_shortcut->setContext(Qt::ApplicationShortcut);
-    connect(log_shortcut, &QShortcut::activated, this, &MainWindow::show_log_window);
-
-    log_window = std::make_unique<QTextEdit>();
-    // For reading and copying; typed text would mix with what was logged.
-    log_window->setReadOnly(true);
-    {
-        const std::lock_guard<std::mutex> lock(vel::log_write_mutex());
-        log_window->setPlainText(QString::fromStdString(log_stream.str()));
-        log_stream.str(std::string());
-    }
-    log_window->resize(log_window_size);
-    log_window->setStyleSheet(
-        QStringLiteral("background-color:rgb(47,47,47);color:rgb(184,196,191);border-color:rgb(99,99,99);"));
-    log_window->setWindowTitle(QStringLiteral("Application Log"));
-    // Closing the log only hides it; the program ends with the main window.
-    log_window->setAttribute(Qt::WA_QuitOnClose, false);
-    for (QScrollBar* bar : {log_window->verticalScrollBar(), log_window->horizontalScrollBar()}) {
-        QStyle* fusion = QStyleFactory::create(QStringLiteral("fusion"));
-        if (fusion) {
-            fusion->setParent(bar);
-            bar->setStyle(fusion);
-        }
-        bar->setStyleSheet(vel::dark_style::scroll_bar_sheet());
-    }
-
-    log_timer.setInterval(log_timer_period_ms);
-    connect(&log_timer, &QTimer::timeout, this, &MainWindow::move_log_text_to_window);
-    log_timer.start();
-}
-
-void MainWindow::show_log_window()
-{
-    // The window may take the focus as it opens, and the timer leaves a
-    // focused window alone: what is pending comes in now.
-    append_pending_log_text();
-    log_window->show();
-    log_window->raise();
-    log_window->activateWindow();
-}
-
-void MainWindow::move_log_text_to_window()
-{
-    // A hidden window needs no text yet, and a focused one may hold the
-    // user's selection: the text waits in the buffer until neither is so.
-    if (!log_window->isVisible() || log_window->hasFocus())
-        return;
-    append_pending_log_text();
-}
-
-void MainWindow::append_pending_log_text()
-{
-    QString text;
-    {
-        const std::lock_guard<std::mutex> lock(vel::log_write_mutex());
-        const std::string pending = log_stream.str();
-        if (pending.empty())
-            return;
-        text = QString::fromStdString(pending);
-        log_stream.str(std::string());
-    }
-    QTextCursor end(log_window->document());
-    end.movePosition(QTextCursor::End);
-    end.insertText(text);
-    log_window->verticalScrollBar()->setValue(log_window->verticalScrollBar()->maximum());
-}
+MainWindow::~MainWindow() = default;
 
 void MainWindow::setup_fonts()
 {

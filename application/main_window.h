@@ -1,5 +1,6 @@
 #pragma once
 
+#include "application/log_window.h"
 #include "application/preset_source.h"
 
 #include <QFont>
@@ -7,16 +8,12 @@
 #include <QMap>
 #include <QSettings>
 #include <QStringList>
-#include <QTimer>
 
 #include <memory>
-#include <sstream>
-#include <streambuf>
 
 class QDragEnterEvent;
 class QDropEvent;
 class QGridLayout;
-class QTextEdit;
 
 namespace vel {
 class dark_button;
@@ -48,29 +45,20 @@ private slots:
     void on_button_help_clicked();
 
 private:
-    void setup_log_window();
     void setup_fonts();
     void setup_layout();
     void setup_top_bar(QGridLayout* grid);
-    void show_log_window();
-    void move_log_text_to_window();
-    void append_pending_log_text();
     QString output_folder() const;
     void convert_presets(const QVector<preset_source>& files);
     void report_archive_failures(const QVector<archive_failure>& failures);
     void save_stylepack(const QMap<QString, QString>& entries, bool with_category);
 
     // Declared first: constructed before anything can log, destroyed last.
-    std::stringstream log_stream;
-    std::streambuf* saved_standard_output = nullptr;
-    std::streambuf* saved_standard_error = nullptr;
+    log_window log;
 
     QFont text_font;
     QFont bold_font;
     QSettings settings;
-    // No parent: a window of its own, deleted with the main window.
-    std::unique_ptr<QTextEdit> log_window;
-    QTimer log_timer;
     vel::line_edit* output_folder_field = nullptr;
     vel::dark_button* convert_button = nullptr;
     // Set while a conversion run goes on: its progress reports let events
