@@ -4,6 +4,7 @@
 #include "application/dialog_settings.h"
 #include "application/conversion_messages.h"
 #include "application/dropped_presets.h"
+#include "application/output_folder.h"
 #include "application/settings_keys.h"
 #include "application/stylepack_writer.h"
 #include "application/window_conversion_shell.h"
@@ -213,8 +214,9 @@ QString MainWindow::output_folder() const
 
 void MainWindow::on_button_convert_clicked()
 {
-    const QString start_folder =
-        settings.value(settings_keys::input_dir.key, settings_keys::input_dir.default_value).toString();
+    // A folder that is gone would leave its name typed into the dialog.
+    const QString start_folder = nearest_existing_folder(
+        settings.value(settings_keys::input_dir.key, settings_keys::input_dir.default_value).toString());
     const QStringList files = QFileDialog::getOpenFileNames(this, tr("Load Lightroom Template"), start_folder,
                                                             tr("Lightroom Templates(*.lrtemplate *.xmp)"));
     convert_presets(presets_of_files(files));
@@ -296,6 +298,20 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
     options.colour_space =
         settings.value(settings_keys::colour_space.key, settings_keys::colour_space.default_value).toString();
 
+    // Separate styles need a folder to go to: made, and tried, before the
+    // first preset is read, so a run never ends with nothing written silently.
+    if (options.format == output_format::separate) {
+        const QString reason = prepare_output_folder(output_folder());
+        if (!reason.isEmpty()) {
+            vel::message_box::warning(
+                this, tr("Output folder can't be used"),
+                tr("The output folder %1 can't be used for the styles.<br/>%2")
+                    .arg(conversion_messages::wrap_name(output_folder().toHtmlEscaped()), reason.toHtmlEscaped()),
+                QMessageBox::Ok, QMessageBox::Ok);
+            return;
+        }
+    }
+
     converting = true;
     convert_button->setEnabled(false);
     const auto run_over = qScopeGuard([this] {
@@ -320,12 +336,15 @@ void MainWindow::save_stylepack(const QMap<QString, QString>& entries, bool with
 {
     if (entries.isEmpty())
         return;
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Name Capture One Stylepack"), output_folder() + QLatin1Char('/'),
-                                     tr("Capture One Stylepack(*.costylepack)"));
+    QFileDialog dialog(this, tr("Name Capture One Stylepack"), nearest_existing_folder(output_folder()) + QLatin1Char('/'),
+                       tr("Capture One Stylepack(*.costylepack)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // A name typed without it gets it, where the dialog is Qt's own.
+    dialog.setDefaultSuffix(QStringLiteral("costylepack"));
     // Cancelled: the styles were only collected, so the run leaves nothing behind.
-    if (path.isEmpty())
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
+    const QString path = dialog.selectedFiles().constFirst();
     // Failures are warning lines in the log; the user sees no box for them.
     write_stylepack(path, entries, with_category);
 }
@@ -333,7 +352,8 @@ void MainWindow::save_stylepack(const QMap<QString, QString>& entries, bool with
 void MainWindow::on_button_output_folder_clicked()
 {
     const QString folder =
-        QFileDialog::getExistingDirectory(this, tr("Select output folder"), output_folder() + QLatin1Char('/'));
+        QFileDialog::getExistingDirectory(this, tr("Select output folder"),
+                                          nearest_existing_folder(output_folder()) + QLatin1Char('/'));
     if (folder.isEmpty())
         return;
     settings.setValue(settings_keys::output_dir.key, folder);

@@ -9,9 +9,16 @@
 #include <QFile>
 #include <QSaveFile>
 #include <QTextStream>
+#include <QTextBrowser>
 #include <QUrl>
 
 namespace vel {
+
+namespace {
+
+constexpr QSize help_window_size(800, 600);
+
+} // namespace
 
 shortcut_key_names platform_shortcut_key_names()
 {
@@ -67,7 +74,23 @@ void open_help(const QString& path_template)
         qWarning() << "Could not write the help page to" << copy_name << ":" << copy.errorString();
         return;
     }
-    QDesktopServices::openUrl(QUrl::fromLocalFile(copy_name));
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(copy_name)))
+        show_help_window(text);
+}
+
+void show_help_window(const QString& html)
+{
+    // Without a program to open web pages (no xdg-open, say) the page is
+    // shown here; links to the web still go to whatever the desktop offers.
+    auto* browser = new QTextBrowser();
+    browser->setAttribute(Qt::WA_DeleteOnClose);
+    browser->setAttribute(Qt::WA_QuitOnClose, false);
+    browser->setOpenExternalLinks(true);
+    browser->setWindowTitle(QCoreApplication::translate("vel::help", "Help"));
+    browser->setStyleSheet(QStringLiteral("QTextBrowser{background-color:rgb(47,47,47);color:rgb(230,230,230);}"));
+    browser->setHtml(html);
+    browser->resize(help_window_size);
+    browser->show();
 }
 
 } // namespace vel

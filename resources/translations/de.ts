@@ -177,6 +177,22 @@
         <source>The entry can&apos;t be read: %1.</source>
         <translation>Der Eintrag kann nicht gelesen werden: %1.</translation>
     </message>
+    <message>
+        <source>Output folder can&apos;t be used</source>
+        <translation>Ausgabeordner nicht verwendbar</translation>
+    </message>
+    <message>
+        <source>The output folder %1 can&apos;t be used for the styles.&lt;br/&gt;%2</source>
+        <translation>Der Ausgabeordner %1 kann nicht für die Stile verwendet werden.&lt;br/&gt;%2</translation>
+    </message>
+    <message>
+        <source>It is a file, not a folder.</source>
+        <translation>Es ist eine Datei, kein Ordner.</translation>
+    </message>
+    <message>
+        <source>The folder can&apos;t be created.</source>
+        <translation>Der Ordner kann nicht angelegt werden.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>

@@ -41,6 +41,13 @@
     </message>
 </context>
 <context>
+    <name>vel::help</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
     <name>vel::information_box</name>
     <message>
         <source>Program</source>

@@ -143,6 +143,8 @@ private slots:
     void stylepack_entries_are_in_name_order();
     void dropped_files_and_folders_start_a_run();
     void progress_dialog_cancel_stops_after_the_current_preset();
+    void output_folder_is_made_or_refused_before_anything_is_read();
+    void pack_name_without_suffix_gets_it();
 
 private:
     void make_window(const QString& format);
@@ -412,3 +414,36 @@ void test_window_conversion_shell::progress_dialog_cancel_stops_after_the_curren
 
 STYLEWRIGHT_GUI_TEST_MAIN(test_window_conversion_shell)
 #include "test_window_conversion_shell.moc"
+
+void test_window_conversion_shell::output_folder_is_made_or_refused_before_anything_is_read()
+{
+    // A folder that is gone is made again, with its parents, and the styles land in it.
+    output = root->path() + QStringLiteral("/gone/deeper");
+    make_window(QStringLiteral("separate"));
+    session made;
+    made.chosen = QStringList{QStringLiteral("a.xmp")};
+    run(made);
+    QCOMPARE(made.boxes, QStringList());
+    QCOMPARE(files_in(output), QStringList{QStringLiteral("a.costyle")});
+
+    // Below a file no folder can be: one box names it, and no preset is read.
+    write_file(root->path() + QStringLiteral("/file"), "not a folder");
+    output = root->path() + QStringLiteral("/file/styles");
+    make_window(QStringLiteral("separate"));
+    session refused;
+    refused.chosen = QStringList{QStringLiteral("a.xmp"), QStringLiteral("broken.lrtemplate")};
+    run(refused);
+    QCOMPARE(refused.boxes, QStringList{QStringLiteral("other: Output folder can't be used")});
+    QVERIFY(refused.texts.constFirst().contains(QStringLiteral("/file/styles")));
+    QVERIFY(!QFileInfo::exists(output));
+}
+
+void test_window_conversion_shell::pack_name_without_suffix_gets_it()
+{
+    make_window(QStringLiteral("stylepack"));
+    session person;
+    person.chosen = QStringList{QStringLiteral("a.xmp")};
+    person.pack_name = QStringLiteral("Summer Looks");
+    run(person);
+    QCOMPARE(files_in(output), QStringList{QStringLiteral("Summer Looks.costylepack")});
+}

@@ -98,6 +98,8 @@ for package in "${expected_depends[@]}"; do
     grep -Eq "(^|, )${package} \(>= [^)]+\)" <<<"$depends" \
         || fail "Depends lacks a versioned $package: $depends"
 done
+# Qt's own dialogs speak the program's languages.
+grep -Eq "(^|, )qttranslations5-l10n(,|$)" <<<"$depends" || fail "Depends lacks qttranslations5-l10n: $depends"
 
 echo "== contents"
 dpkg-deb -c "$deb" | awk '{print $6}' | sed 's|^\./|/|' | sort >"$work/contents"
