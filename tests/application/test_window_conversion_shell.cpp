@@ -186,6 +186,8 @@ void test_window_conversion_shell::make_window(const QString& format)
     settings.setValue(settings_keys::input_dir.key, input);
     settings.setValue(settings_keys::output_dir.key, output);
     settings.setValue(QStringLiteral("format"), format);
+    // Each window hands the standard streams back to the one before it.
+    window.reset();
     window = std::make_unique<MainWindow>();
     window->show();
     QVERIFY(QTest::qWaitForWindowExposed(window.get()));
