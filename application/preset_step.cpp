@@ -1,5 +1,6 @@
 #include "application/preset_step.h"
 
+#include "application/held_log.h"
 #include "application/preset_reading.h"
 #include "writer/carried_settings.h"
 #include "writer/costyle_writer.h"
@@ -62,36 +63,6 @@ private:
     const QString colour_space_;
 };
 
-// One log line held back: what the message handler was given.
-struct held_line {
-    QtMsgType type;
-    QByteArray category;
-    QString text;
-};
-using held_lines = std::vector<held_line>;
-
-// Where the lines of the calling thread go while it works on a step; none:
-// to the handler that was installed before.
-thread_local held_lines* holding = nullptr;
-QtMessageHandler handler_before = nullptr;
-
-void holding_handler(QtMsgType type, const QMessageLogContext& context, const QString& text)
-{
-    if (holding != nullptr)
-        holding->push_back({type, QByteArray(context.category ? context.category : "default"), text});
-    else if (handler_before != nullptr)
-        handler_before(type, context, text);
-}
-
-void release(const held_lines& lines)
-{
-    for (const held_line& line : lines) {
-        const QMessageLogContext context(nullptr, 0, nullptr, line.category.constData());
-        if (handler_before != nullptr)
-            handler_before(line.type, context, line.text);
-    }
-}
-
 // A step worked on ahead, its log lines and whatever it threw, per half.
 struct step_ahead {
     std::shared_ptr<preset_step> step;
@@ -107,14 +78,11 @@ public:
         : presets_(presets), colour_space_(colour_space), ahead_(jobs * presets_ahead_per_job)
     {
         pool_.setMaxThreadCount(jobs);
-        handler_before = qInstallMessageHandler(holding_handler);
         fill();
     }
     ~steps_ahead() override
     {
         pool_.waitForDone();
-        qInstallMessageHandler(handler_before);
-        handler_before = nullptr;
     }
 
     std::shared_ptr<preset_step> read(int index) override
@@ -126,14 +94,14 @@ public:
         current_ = started_.front().second.get();
         started_.pop_front();
         fill();
-        release(current_.reading_lines);
+        log_holding::release(current_.reading_lines);
         if (current_.reading_error)
             std::rethrow_exception(current_.reading_error);
         return current_.step;
     }
     void build(preset_step&) override
     {
-        release(current_.building_lines);
+        log_holding::release(current_.building_lines);
         if (current_.building_error)
             std::rethrow_exception(current_.building_error);
     }
@@ -159,13 +127,13 @@ private:
     {
         step_ahead ahead;
         ahead.step = std::make_shared<preset_step>(source, colour_space);
-        holding = &ahead.reading_lines;
+        log_holding::hold_into(&ahead.reading_lines);
         try {
             ahead.step->read_and_check();
         } catch (...) {
             ahead.reading_error = std::current_exception();
         }
-        holding = &ahead.building_lines;
+        log_holding::hold_into(&ahead.building_lines);
         // Built even for a preset the run may skip: the answers come later.
         try {
             if (!ahead.reading_error)
@@ -173,13 +141,15 @@ private:
         } catch (...) {
             ahead.building_error = std::current_exception();
         }
-        holding = nullptr;
+        log_holding::hold_into(nullptr);
         return ahead;
     }
 
     const QVector<preset_source>& presets_;
     const QString colour_space_;
     const int ahead_;
+    // Before the pool: the threads are done before the holding ends.
+    log_holding holding_;
     QThreadPool pool_;
     // Index of the preset and its work, in preset order.
     std::deque<std::pair<int, std::future<step_ahead>>> started_;

@@ -3,6 +3,7 @@
 
 #include "application/application_identity.h"
 #include "application/conversion_run.h"
+#include "application/held_log.h"
 #include "application/preset_source.h"
 #include "application/stylepack_writer.h"
 #include "cli/cli_options.h"
@@ -16,8 +17,10 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QThreadPool>
 
 #include <cerrno>
+#include <optional>
 
 namespace {
 
@@ -51,15 +54,53 @@ bool missing(const preset_source& preset)
     return !preset.in_archive && !QFileInfo::exists(preset.path);
 }
 
-int inspect(const QVector<preset_source>& files, bool archives_failed)
+// What one preset's report came to, with the log lines made on the way.
+struct preset_report {
+    QJsonObject json;
+    QString error;
+    held_lines lines;
+};
+
+// The reports of all presets, made on up to jobs threads; their log lines are
+// held back (the caller holds the log) to come out in preset order.
+std::vector<preset_report> reports_of(const QVector<preset_source>& files, int jobs)
+{
+    std::vector<preset_report> reports(std::size_t(files.size()));
+    const auto report_on = [&files, &reports](int i) {
+        reports[std::size_t(i)].json = inspect_preset(files.at(i), !missing(files.at(i)), reports[std::size_t(i)].error);
+    };
+    QThreadPool pool;
+    pool.setMaxThreadCount(jobs);
+    for (int i = 0; i < files.size(); ++i) {
+        pool.start([&reports, &report_on, i] {
+            log_holding::hold_into(&reports[std::size_t(i)].lines);
+            report_on(i);
+            log_holding::hold_into(nullptr);
+        });
+    }
+    pool.waitForDone();
+    return reports;
+}
+
+int inspect(const QVector<preset_source>& files, bool archives_failed, int jobs)
 {
     QJsonArray presets;
     bool failed = archives_failed;
-    for (const preset_source& file : files) {
-        QString error;
-        presets.append(inspect_preset(file, !missing(file), error));
-        if (!error.isEmpty()) {
-            cli_output::error_line(file.path + QStringLiteral(": ") + error);
+    std::optional<log_holding> holding;
+    std::vector<preset_report> reports;
+    if (jobs > 1) {
+        holding.emplace();
+        reports = reports_of(files, jobs);
+    }
+    for (int i = 0; i < files.size(); ++i) {
+        preset_report one_by_one;
+        if (jobs <= 1)
+            one_by_one.json = inspect_preset(files.at(i), !missing(files.at(i)), one_by_one.error);
+        const preset_report& report = jobs <= 1 ? one_by_one : reports[std::size_t(i)];
+        log_holding::release(report.lines);
+        presets.append(report.json);
+        if (!report.error.isEmpty()) {
+            cli_output::error_line(files.at(i).path + QStringLiteral(": ") + report.error);
             failed = true;
         }
     }
@@ -167,6 +208,6 @@ int main(int argc, char** argv)
     }
     const int archive_failures = gathered.archive_failures.size();
     if (options.inspect)
-        return inspect(gathered.presets, archive_failures > 0);
+        return inspect(gathered.presets, archive_failures > 0, options.jobs);
     return convert(options, gathered.presets, archive_failures);
 }

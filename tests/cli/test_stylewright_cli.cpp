@@ -333,6 +333,9 @@ TEST_F(stylewright_cli, every_corpus_preset_converts_to_well_formed_xml)
     // One preset at a time gives the same files and says the same, in the same order.
     const cli_result one_by_one = run({"-o", "out-1", "--jobs", "1", "-v", corpus});
     EXPECT_EQ(one_by_one.err, result.err);
+    const cli_result inspected[] = {run({"--inspect", "-j", "1", "-v", corpus}), run({"--inspect", "-j", "2", "-v", corpus})};
+    EXPECT_EQ(inspected[0].out, inspected[1].out);
+    EXPECT_EQ(inspected[0].err, inspected[1].err);
     for (QDirIterator it(path("out"), QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
         const QString style = QDir(path("out")).relativeFilePath(it.next());
         const QRegularExpression uuid("<E K=\"UUID\"[^>]*>");
