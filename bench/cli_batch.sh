@@ -67,7 +67,8 @@ if command -v lua5.4 > /dev/null; then
     # Every template loaded and run; the few that are no Lua (print and web
     # templates, an AppleDouble file) fail in Lua too and are passed over.
     lua_floor=(lua5.4 -e "for _, f in ipairs(arg) do local chunk = loadfile(f); if chunk then pcall(chunk) end end" "$work"/templates/*)
-    ratio "--inspect, --jobs 1 / lua5.4" "${lua_floor[@]}" -- "$cli" -q --inspect "$work/templates"
+    ratio "--inspect, --jobs 1 / lua5.4" "${lua_floor[@]}" -- "$cli" -q --jobs 1 --inspect "$work/templates"
+    ratio "--inspect, --jobs $jobs / lua5.4" "${lua_floor[@]}" -- "$cli" -q --jobs "$jobs" --inspect "$work/templates"
 else
     echo "lua5.4 missing: no --inspect ratio"
 fi
