@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/dialog_settings.h"
 
 #include "application/output_format.h"

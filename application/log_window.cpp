@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/log_window.h"
 
 #include "vel_toolkit/dark_style.h"

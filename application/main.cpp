@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/application_icon.h"
 #include "application/application_identity.h"
 #include "application/main_window.h"

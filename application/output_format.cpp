@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/output_format.h"
 
 #include "writer/named_values.h"

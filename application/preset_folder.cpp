@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/preset_folder.h"
 
 #include "application/preset_reading.h"

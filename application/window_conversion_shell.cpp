@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/window_conversion_shell.h"
 
 #include "application/settings_keys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Conversion speed over the shared corpus of real presets, the way a conversion
 // run does it: read the preset, build a new writer (which loads its colour
 // tables), check it and create the style. The templates the reader rejects are

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time of one style conversion (the writer already built), for a preset that
 // reaches every mapping group and for an empty one.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading speed of the preset readers over the shared corpus of real presets:
 // every template through read_lrpreset, every XMP file through read_xmp.
 // Counters: "per_file" and "per_KB" are the average time to read one file

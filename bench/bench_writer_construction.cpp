@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cost of constructing one style writer: three colour tables inflated from the
 // compiled-in resources and parsed, plus the identity table. Every conversion
 // of a preset pays it once.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Whole runs of stylewright-cli against a floor measured in the same run, as
 # ratios (median of 5 pairs, each pair run back to back):
 #   1. 1,000 presets (the corpus repeated) into separate styles, --jobs 1 and

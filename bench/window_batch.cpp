@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Times one conversion run of the window over many presets: the presets of the
 // corpus that raise no question, repeated into a temporary folder under numbered
 // names, are dropped onto the main window in "separate" mode, and the time from

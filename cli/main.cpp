@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // stylewright-cli: the headless converter, for batches, scripts and servers.
 // It reads and writes no stored settings: everything comes from the command line.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/preset_report_json.h"
 
 #include "application/conversion_messages.h"

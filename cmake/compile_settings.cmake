@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Compile settings shared by every target of the project. Targets link these
 # INTERFACE libraries instead of reading global flags.
 include(CheckCXXCompilerFlag)

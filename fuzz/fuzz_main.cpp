@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The libFuzzer entry points of one harness; STYLEWRIGHT_FUZZ_TARGET names
 // the function of fuzz_targets.h it drives.
 #include "fuzz_targets.h"

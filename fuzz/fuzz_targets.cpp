@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzz_targets.h"
 
 #include "application/preset_archive.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns real presets into start inputs of the style-writer harness: each
 // preset file given on the command line is read and written into the output
 // folder in the harness's input form, with the colour spaces taken in turn.

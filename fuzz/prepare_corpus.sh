@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Gathers the start inputs of every fuzz harness into working corpus folders
 # in the build tree: the shared preset corpus, the shipped colour tables, the
 # small hand-written inputs in fuzz/inputs and every input that once made a

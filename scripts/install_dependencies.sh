@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs the Debian 12 packages needed to build, run and test Stylewright.
 # Safe to run again: only missing packages are installed.
 set -euo pipefail

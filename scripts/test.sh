@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing, builds Stylewright with its tests and runs every
 # test through CTest, three times over:
 #   build/test   the normal build and the whole test suite;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Generates the three colour tables that ship with Stylewright: ProPhoto RGB
 // to Adobe RGB (1998), to sRGB and to Wide Gamut RGB, as 17 x 17 x 17 3DL
 // files with 10-bit values.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of a conversion run for a visual check:
 //   take_run_screenshots <folder> <preset folder> <language code> [count]
 // Drops <count> presets (default 200, the presets of <preset folder> repeated

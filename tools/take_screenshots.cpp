@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Renders the program's windows to PNG files for a visual check:
 //   take_screenshots <folder> <language code>
 // Run it under a real X server (xvfb-run) to see the windows as the X11

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "vel_toolkit/app_nap.h"
 
 #import <Foundation/Foundation.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "vel_toolkit/dark_button.h"
 
 #include "vel_toolkit/dark_style.h"

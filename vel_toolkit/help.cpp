@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "vel_toolkit/help.h"
 
 #include "vel_toolkit/language.h"

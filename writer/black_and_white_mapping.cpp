@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lightroom's eight-channel gray mixer onto Capture One's six-channel
 // black-and-white mixer.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "writer/carried_settings.h"
 #include "writer/mapping_context.h"
 

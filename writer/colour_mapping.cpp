@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Split toning into colour balance (or the black-and-white toning of a
 // monochrome style), and vibrance with the per-hue adjustments into the one
 // "ColorCorrections" entry. Colours are moved through the active colour table.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "writer/colour_space.h"
 
 #include "writer/named_values.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frame of a style conversion: flags, colour table, bookkeeping entries,
 // the mapping groups in their order, and the XML form of the entry table.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The point curves, sharpening and noise reduction, post-crop vignetting and
 // film grain.
 

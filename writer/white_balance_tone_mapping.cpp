@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // White balance, the tone controls of Lightroom's 2010 and 2012 processes,
 // the levels and luma curve that stand in for them, clarity and saturation.
 // All arithmetic is single precision, operation by operation as written.

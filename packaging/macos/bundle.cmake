@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The macOS application bundle Stylewright.app: Info.plist, icon and the
 # minimum system version. Included from packaging/CMakeLists.txt on Apple
 # only, when the window program is part of the build.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Runs lupdate over the program's and the toolkit's sources into copies of
 # their translation files and fails when a text is new (unfinished), gone
 # (vanished or obsolete) or lacks a translation.

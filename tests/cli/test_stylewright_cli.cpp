@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/conversion_fixtures.h"
 #include "test_support.h"
 

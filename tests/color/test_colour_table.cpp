@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "color/colour_table.h"
 #include "color/stk_exception.h"
 #include "writer/costyle_writer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "color/tint_shift.h"
 
 #include <gtest/gtest.h>

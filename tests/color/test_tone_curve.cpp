@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "color/tone_curve.h"
 
 #include "color/log_capture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "importer_test_support.h"
 
 TEST(dot_notation_reader, cuts_each_line_into_key_and_value)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "color/log_capture.h"
 #include "importer/lua_tokenizer.h"
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # test_deb_package.sh MODE BUILD_DIR DATA_DIR CORPUS_DIR CLI_BINARY [GUI_BINARY]
 #
 # Builds the Debian package from BUILD_DIR with CPack, checks its control

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # validate.sh KIND FILE: runs the validator the desktop uses for one
 # installed file. KIND is desktop, metainfo, mime or man.
 # Exit 0 when the file passes, 1 when it fails, 77 (skipped) when the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "costyle_test_support.h"
 
 TEST(black_and_white_mapping, blends_orange_and_purple_into_their_neighbours)

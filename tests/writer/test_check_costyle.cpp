@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "importer/lightroom_importer.h"
 #include "writer/check_costyle.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "costyle_test_support.h"
 
 const QString fixed_entry =

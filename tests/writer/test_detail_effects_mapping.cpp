@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "costyle_test_support.h"
 
 TEST(detail_effects_mapping, copies_detail_and_maps_vignetting_and_grain)

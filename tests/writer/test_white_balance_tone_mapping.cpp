@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "costyle_test_support.h"
 
 const char* const straight_luma = "0.0000,0.0000;1.0000,1.0000";

@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: GPL-3.0-or-later
 -- Loads a Lightroom template with the real Lua 5.4 interpreter and prints what
 -- the program's nested-template reader should store for it, so that a test can
 -- compare the two. Usage: lua5.4 flatten_template.lua FILE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "lua_oracle.h"
 
 #include "importer/lightroom_importer.h"

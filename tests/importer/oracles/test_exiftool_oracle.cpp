@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "exiftool_oracle.h"
 #include "importer/lightroom_importer.h"
 #include "quiet_log.h"
