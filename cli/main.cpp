@@ -16,8 +16,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QThreadPool>
 
 #include <cerrno>
@@ -56,27 +54,35 @@ bool missing(const preset_source& preset)
 }
 
 // What one preset's report came to, with the log lines made on the way.
+// One preset's report as the array element of --inspect's output, and the
+// log lines made on the way.
 struct preset_report {
-    QJsonObject json;
+    QByteArray json;
     QString error;
     held_lines lines;
 };
+
+preset_report report_on(const preset_source& file)
+{
+    preset_report report;
+    report.json = inspect_preset(file, !missing(file), report.error);
+    return report;
+}
 
 // The reports of all presets, made on up to jobs threads; their log lines are
 // held back (the caller holds the log) to come out in preset order.
 std::vector<preset_report> reports_of(const QVector<preset_source>& files, int jobs)
 {
     std::vector<preset_report> reports(std::size_t(files.size()));
-    const auto report_on = [&files, &reports](int i) {
-        reports[std::size_t(i)].json = inspect_preset(files.at(i), !missing(files.at(i)), reports[std::size_t(i)].error);
-    };
     QThreadPool pool;
     pool.setMaxThreadCount(jobs);
     for (int i = 0; i < files.size(); ++i) {
-        pool.start([&reports, &report_on, i] {
-            log_holding::hold_into(&reports[std::size_t(i)].lines);
-            report_on(i);
+        pool.start([&reports, &files, i] {
+            held_lines lines;
+            log_holding::hold_into(&lines);
+            reports[std::size_t(i)] = report_on(files.at(i));
             log_holding::hold_into(nullptr);
+            reports[std::size_t(i)].lines = std::move(lines);
         });
     }
     pool.waitForDone();
@@ -85,7 +91,6 @@ std::vector<preset_report> reports_of(const QVector<preset_source>& files, int j
 
 int inspect(const QVector<preset_source>& files, bool archives_failed, int jobs)
 {
-    QJsonArray presets;
     bool failed = archives_failed;
     std::optional<log_holding> holding;
     std::vector<preset_report> reports;
@@ -93,19 +98,19 @@ int inspect(const QVector<preset_source>& files, bool archives_failed, int jobs)
         holding.emplace();
         reports = reports_of(files, jobs);
     }
+    // The array as QJsonDocument writes it indented, put together from its elements.
+    QByteArray document = "[\n";
     for (int i = 0; i < files.size(); ++i) {
-        preset_report one_by_one;
-        if (jobs <= 1)
-            one_by_one.json = inspect_preset(files.at(i), !missing(files.at(i)), one_by_one.error);
-        const preset_report& report = jobs <= 1 ? one_by_one : reports[std::size_t(i)];
+        const preset_report report = jobs <= 1 ? report_on(files.at(i)) : std::move(reports[std::size_t(i)]);
         log_holding::release(report.lines);
-        presets.append(report.json);
+        document += report.json + (i + 1 < files.size() ? ",\n" : "\n");
         if (!report.error.isEmpty()) {
             cli_output::error_line(files.at(i).path + QStringLiteral(": ") + report.error);
             failed = true;
         }
     }
-    if (!write_document(QJsonDocument(presets).toJson(QJsonDocument::Indented)))
+    document += "]\n";
+    if (!write_document(document))
         failed = true;
     return failed ? exit_failure : exit_success;
 }

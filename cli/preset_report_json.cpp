@@ -8,67 +8,76 @@
 #include "writer/carried_settings.h"
 #include "writer/check_costyle.h"
 
-#include <QJsonArray>
+#include "cli/json_text.h"
 
 #include <exception>
 
 namespace {
 
-QJsonArray curve_json(const QVector<QPoint>& curve)
+void write_curve(json_text& json, const QString& name, const QVector<QPoint>& curve)
 {
-    QJsonArray points;
+    json.key(name).begin_array();
     for (const QPoint& point : curve)
-        points.append(QJsonArray{point.x(), point.y()});
-    return points;
+        json.begin_array().value(point.x()).value(point.y()).end_array();
+    json.end_array();
 }
 
 // The settings a style lacks, and beside them only the kinds of loss the
 // preset has.
-QJsonObject losses_json(const style_losses& losses)
+void write_losses(json_text& json, const style_losses& losses)
 {
-    QJsonObject json{{QStringLiteral("settings"), QJsonArray::fromStringList(losses.settings)}};
+    json.key(QStringLiteral("not_carried_over")).begin_object();
     if (!losses.local_adjustments.isEmpty()) {
-        QJsonObject counts;
+        json.key(QStringLiteral("local_adjustments")).begin_object();
         for (auto it = losses.local_adjustments.cbegin(); it != losses.local_adjustments.cend(); ++it)
-            counts.insert(it.key(), it.value());
-        json.insert(QStringLiteral("local_adjustments"), counts);
+            json.key(it.key()).value(it.value());
+        json.end_object();
     }
     if (!losses.look.isEmpty())
-        json.insert(QStringLiteral("look"), losses.look);
+        json.key(QStringLiteral("look")).value(losses.look);
+    json.key(QStringLiteral("settings")).begin_array();
+    for (const QString& key : losses.settings)
+        json.value(key);
+    json.end_array();
     if (!losses.white_balance.isEmpty())
-        json.insert(QStringLiteral("white_balance"), losses.white_balance);
-    return json;
+        json.key(QStringLiteral("white_balance")).value(losses.white_balance);
+    json.end_object();
 }
 
-QJsonObject preset_json(const QString& path, const lightroom_importer& record)
+// Keys in QJsonObject's order, which sorts them.
+QByteArray preset_json(const QString& path, const lightroom_importer& record)
 {
-    QJsonObject settings;
-    for (auto it = record.settings.cbegin(); it != record.settings.cend(); ++it)
-        settings.insert(it.key(), it.value());
-
-    const QJsonObject curves{{QStringLiteral("tone_curve"), curve_json(record.tone_curve)},
-                             {QStringLiteral("tone_curve_red"), curve_json(record.tone_curve_red)},
-                             {QStringLiteral("tone_curve_green"), curve_json(record.tone_curve_green)},
-                             {QStringLiteral("tone_curve_blue"), curve_json(record.tone_curve_blue)}};
-
     // The flags need no colour tables, so no writer is built for them.
     bool white_balance = false;
     bool dehaze = false;
     bool lut = false;
     bool camera_calibration = false;
     check_preset_flags(white_balance, dehaze, lut, camera_calibration, record);
-    const QJsonObject flags{{QStringLiteral("white_balance"), white_balance},
-                            {QStringLiteral("dehaze"), dehaze},
-                            {QStringLiteral("lut"), lut},
-                            {QStringLiteral("camera_calibration"), camera_calibration}};
 
-    return {{QStringLiteral("file"), path},
-            {QStringLiteral("name"), record.name},
-            {QStringLiteral("description"), record.description},
-            {QStringLiteral("settings"), settings},
-            {QStringLiteral("curves"), curves},
-            {QStringLiteral("flags"), flags},
-            {QStringLiteral("not_carried_over"), losses_json(what_a_style_leaves_out(record))}};
+    json_text json(report_depth);
+    json.begin_object();
+    json.key(QStringLiteral("curves")).begin_object();
+    write_curve(json, QStringLiteral("tone_curve"), record.tone_curve);
+    write_curve(json, QStringLiteral("tone_curve_blue"), record.tone_curve_blue);
+    write_curve(json, QStringLiteral("tone_curve_green"), record.tone_curve_green);
+    write_curve(json, QStringLiteral("tone_curve_red"), record.tone_curve_red);
+    json.end_object();
+    json.key(QStringLiteral("description")).value(record.description);
+    json.key(QStringLiteral("file")).value(path);
+    json.key(QStringLiteral("flags")).begin_object();
+    json.key(QStringLiteral("camera_calibration")).value(camera_calibration);
+    json.key(QStringLiteral("dehaze")).value(dehaze);
+    json.key(QStringLiteral("lut")).value(lut);
+    json.key(QStringLiteral("white_balance")).value(white_balance);
+    json.end_object();
+    json.key(QStringLiteral("name")).value(record.name);
+    write_losses(json, what_a_style_leaves_out(record));
+    json.key(QStringLiteral("settings")).begin_object();
+    for (auto it = record.settings.cbegin(); it != record.settings.cend(); ++it)
+        json.key(it.key()).value(it.value());
+    json.end_object();
+    json.end_object();
+    return json.text();
 }
 
 QString failure_text(const conversion_failure& failure)
@@ -78,7 +87,7 @@ QString failure_text(const conversion_failure& failure)
 
 } // namespace
 
-QJsonObject inspect_preset(const preset_source& preset, bool exists, QString& error)
+QByteArray inspect_preset(const preset_source& preset, bool exists, QString& error)
 {
     const QString& path = preset.path;
     if (!exists)
@@ -94,5 +103,7 @@ QJsonObject inspect_preset(const preset_source& preset, bool exists, QString& er
             error = failure_text(conversion_messages::unreadable_preset(path, QString::fromUtf8(exception.what())));
         }
     }
-    return {{QStringLiteral("file"), path}, {QStringLiteral("error"), error}};
+    json_text json(report_depth);
+    json.begin_object().key(QStringLiteral("error")).value(error).key(QStringLiteral("file")).value(path).end_object();
+    return json.text();
 }

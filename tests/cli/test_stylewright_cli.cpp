@@ -256,7 +256,12 @@ TEST_F(stylewright_cli, inspect_prints_each_preset_as_json_and_writes_nothing)
                    .replace("xmlns:crs=", "xmlns:exif=\"http://ns.adobe.com/exif/1.0/\" exif:Make=\"Canon\" xmlns:crs=")
                    .replace("</crs:Name>", "</crs:Name><crs:ToneCurvePV2012><rdf:Seq><rdf:li>0, 0</rdf:li>"
                                            "<rdf:li>255, 240</rdf:li></rdf:Seq></crs:ToneCurvePV2012>" + local_adjustments));
+    write_file(work.path(), "odd.xmp", preset_text("odd.xmp", "Quote \" back \\ tab\t new&#10;line é €", {}));
     const cli_result result = run({"--inspect", "warm.xmp", "notes.txt", "gone.xmp"});
+    const cli_result odd = run({"--inspect", "odd.xmp", "warm.xmp"});
+    // Written as it goes, the report reads exactly as Qt's own JSON writer would print it.
+    EXPECT_EQ(QJsonDocument::fromJson(odd.out).toJson(QJsonDocument::Indented), odd.out);
+    EXPECT_EQ(QJsonDocument::fromJson(odd.out).array().at(0).toObject().value("name"), "Quote \" back \\ tab\t new&#10;line é €");
 
     EXPECT_EQ(result.exit_code, 1);
     QJsonArray presets = QJsonDocument::fromJson(result.out).array();
@@ -275,7 +280,7 @@ TEST_F(stylewright_cli, inspect_prints_each_preset_as_json_and_writes_nothing)
               R"({"error":"No such file or folder.","file":"gone.xmp"}])");
     // The errors, but no questions and no summary.
     EXPECT_EQ(result.lines().size(), 2) << result.err.constData();
-    EXPECT_EQ(made_files(), QStringList{"warm.xmp"});
+    EXPECT_EQ(made_files(), QStringList({"odd.xmp", "warm.xmp"}));
 }
 
 TEST_F(stylewright_cli, pack_lists_its_entries_in_name_order_in_the_category_folder)
