@@ -6,6 +6,7 @@
 #include "application/translation_loader.h"
 #include "vel_toolkit/component_versions.h"
 #include "vel_toolkit/crash_handler.h"
+#include "vel_toolkit/dark_palette.h"
 #include "vel_toolkit/language.h"
 #include "vel_toolkit/processor_features.h"
 #include "vel_toolkit/proxy_style.h"
@@ -38,6 +39,7 @@ int main(int argc, char* argv[])
     auto* style = new vel::proxy_style();
     style->set_tool_tip_wake_up_delay(tool_tip_wake_up_delay_ms);
     QApplication::setStyle(style);
+    vel::apply_dark_palette();
     QApplication::setWindowIcon(application_icon());
 
     const auto translators = install_translators(vel::get_language_suffix(settings_keys::lang));

@@ -5,7 +5,8 @@
 #   1. 1,000 presets (the corpus repeated) into separate styles, --jobs 1 and
 #      --jobs N, against cp of the same files into a folder;
 #   2. --inspect over the corpus's templates repeated 20 times, against lua5.4
-#      loading the same files with its own parser;
+#      loading the same files with its own parser, and exiftool -j reading the
+#      corpus's XMP presets repeated 20 times against --inspect of them;
 #   3. peak memory of the 1,000-preset run.
 #
 #   bench/cli_batch.sh [path/to/stylewright-cli] [corpus folder]
@@ -25,7 +26,7 @@ mapfile -t presets < <(find "$corpus" -type f \( -iname '*.xmp' -o -iname '*.lrt
 
 work="$(mktemp -d -p "${WORK_ROOT:-${TMPDIR:-/tmp}}")"
 trap 'rm -rf "$work"' EXIT
-mkdir -p "$work/in" "$work/templates"
+mkdir -p "$work/in" "$work/templates" "$work/xmp"
 for ((i = 0; i < count; i++)); do
     source="${presets[i % ${#presets[@]}]}"
     cp "$source" "$work/in/$(printf '%05d' "$i")-$(basename "$source")"
@@ -33,6 +34,9 @@ done
 for ((i = 0; i < 20; i++)); do
     for source in "$corpus"/lrtemplate/*.lrtemplate; do
         cp "$source" "$work/templates/$i-$(basename "$source")"
+    done
+    for source in "$corpus"/xmp/*.xmp; do
+        cp "$source" "$work/xmp/$i-$(basename "$source")"
     done
 done
 
@@ -72,6 +76,10 @@ if command -v lua5.4 > /dev/null; then
     ratio "--inspect, --jobs $jobs / lua5.4" "${lua_floor[@]}" -- "$cli" -q --jobs "$jobs" --inspect "$work/templates"
 else
     echo "lua5.4 missing: no --inspect ratio"
+fi
+if command -v exiftool > /dev/null; then
+    # Read the other way round: exiftool is the slower one, the aim is its share.
+    ratio "exiftool -j / --inspect of XMP presets" "$cli" -q --jobs 1 --inspect "$work/xmp" -- exiftool -j "$work/xmp"
 fi
 rm -rf "$work/out"; mkdir -p "$work/out"
 /usr/bin/time -f "%M" -o "$work/peak" "$cli" -q -o "$work/out" "$work/in" 2> /dev/null || true
