@@ -123,7 +123,7 @@ int main(int argc, char** argv)
     information.hide();
 
     vel::message_box question(QMessageBox::Question, QStringLiteral("White balance modified by preset"),
-                              QStringLiteral("Your preset <font color=\"white\"><b>Warm Look</b></font> contains "
+                              QStringLiteral("Your preset <font color=\"white\"><b>Übergang Ölig ẾẶ Йё</b></font> contains "
                                              "values for the white balance."),
                               QMessageBox::Yes | QMessageBox::No | QMessageBox::YesToAll | QMessageBox::NoToAll,
                               &window);
