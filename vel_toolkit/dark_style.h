@@ -24,6 +24,8 @@ inline QString combo_box_sheet()
         "stop:1 rgb(58,58,58));color:rgb(198,213,210);border:1px solid rgb(20,20,20);"
         "border-radius:3px;padding:0px 6px;}"
         "QComboBox:hover{border:1px solid rgb(99,99,99);}"
+        // A box reached with the keyboard shows it, as the buttons do.
+        "QComboBox:focus{border:1px solid rgb(160,175,172);}"
         "QComboBox::drop-down{subcontrol-origin:padding;subcontrol-position:center right;width:18px;"
         "border:none;}"
         "QComboBox::down-arrow{image:url(:/images/arrow_down.png);width:9px;height:6px;}"
