@@ -11,7 +11,6 @@
 #include <QXmlStreamReader>
 #include <functional>
 #include <gtest/gtest.h>
-#include <random>
 #include <unistd.h>
 
 // Bad input for the command-line converter, one row per kind: what it must
@@ -95,17 +94,6 @@ QByteArray xmp_preset(const QByteArray& prolog, const QByteArray& attributes, co
            + attributes + "><crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\">" + name
            + "</rdf:li></rdf:Alt></crs:Name></rdf:Description></rdf:RDF></x:xmpmeta>\n";
 }
-
-// Bytes no text file holds, the same in every run.
-QByteArray noise(int size)
-{
-    std::mt19937 random(20260101u);
-    QByteArray bytes(size, '\0');
-    for (char& c : bytes)
-        c = static_cast<char>(random() & 0xff);
-    return bytes;
-}
-
 
 QByteArray billion_laughs()
 {
@@ -208,89 +196,7 @@ QByteArray good_xmp(const QByteArray& name)
     return xmp_preset(QByteArray(), ok_xmp_settings.toUtf8(), name);
 }
 
-const QString can_t_read = QStringLiteral(
-    "Can't read preset: Your preset %1 can't be processed by Stylewright. Please contact the Quillmark support and "
-    "send them a screenshot of this message and the preset file stated above to support@quillmark.example Error: %2");
-
-QString read_failure(const QString& file, const QString& error)
-{
-    return QStringLiteral("Error: ") + file + QStringLiteral(": ") + can_t_read.arg(file, error);
-}
-
 const bad_input bad_inputs[] = {
-    // An empty template is an empty preset, not an error: the readers take it
-    // so, and the style carries no adjustment.
-    {"empty_template",
-     [](case_setup& s) {
-         s.file(QStringLiteral("empty.lrtemplate"), QByteArray());
-         s.arguments = QStringList{QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("empty.lrtemplate")};
-     },
-     0,
-     {QStringLiteral("1 converted, 0 skipped, 0 failed")},
-     {QStringLiteral("out/empty.costyle")},
-     {QString()}},
-    // The XMP reader logs what broke the document and goes on with what it
-    // read: the converter says so and writes what there is.
-    {"binary_noise_xmp",
-     [](case_setup& s) {
-         s.file(QStringLiteral("noise.xmp"), noise(4096));
-         s.arguments = QStringList{QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("noise.xmp")};
-     },
-     0,
-     {QStringLiteral("Warning: 3 Encountered incorrectly encoded content."),
-      QStringLiteral("1 converted, 0 skipped, 0 failed")},
-     {QStringLiteral("out/noise.costyle")},
-     {QString()}},
-    {"invalid_utf8",
-     [](case_setup& s) {
-         s.file(QStringLiteral("bad.lrtemplate"),
-                nested_template(QStringLiteral("bad @ here"), QStringLiteral("\t\t\tExposure2012 = 0.5,\n"))
-                    .replace('@', "\xff\xfe\xc3"));
-         s.arguments = QStringList{QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("bad.lrtemplate")};
-     },
-     0,
-     {QStringLiteral("1 converted, 0 skipped, 0 failed")},
-     {QStringLiteral("out/bad.costyle")},
-     {QStringLiteral("bad \ufffd\ufffd\ufffd here")}},
-    {"utf16_with_byte_order_mark",
-     [](case_setup& s) {
-         const QString text = QString::fromUtf8(
-             nested_template(QStringLiteral("Gr\u00fc\u00dfe \u25cf"), QStringLiteral("\t\t\tExposure2012 = 0.5,\n")));
-         QByteArray bytes("\xff\xfe", 2);
-         bytes += QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
-         s.file(QStringLiteral("utf16.lrtemplate"), bytes);
-         s.arguments = QStringList{QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("utf16.lrtemplate")};
-     },
-     0,
-     {QStringLiteral("1 converted, 0 skipped, 0 failed")},
-     {QStringLiteral("out/utf16.costyle")},
-     {QStringLiteral("Gr\u00fc\u00dfe \u25cf")}},
-    {"unterminated_string",
-     [](case_setup& s) {
-         s.file(QStringLiteral("open.lrtemplate"),
-                nested_template(QStringLiteral("never ends,"), QStringLiteral("\t\t\tExposure2012 = 0.5,\n"))
-                    .replace("ends,\"", "ends,"));
-         s.file(QStringLiteral("out/open.costyle"), earlier_style);
-         s.arguments = QStringList{QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("open.lrtemplate")};
-     },
-     1,
-     {read_failure(QStringLiteral("open.lrtemplate"),
-                   QStringLiteral("Unexpected token type found. Expected token_type::name, got token_type::eof")),
-      QStringLiteral("0 converted, 0 skipped, 1 failed")},
-     {},
-     {}},
-    {"hundred_thousand_nested_tables",
-     [](case_setup& s) {
-         constexpr int depth = 100000;
-         s.file(QStringLiteral("deep.lrtemplate"),
-                "s = " + QByteArray("{ a = ").repeated(depth) + "1" + QByteArray(" },").repeated(depth) + "\n");
-         s.arguments = QStringList{QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("deep.lrtemplate")};
-     },
-     1,
-     {read_failure(QStringLiteral("deep.lrtemplate"), QStringLiteral("Tables nested more than 200 levels deep")),
-      QStringLiteral("0 converted, 0 skipped, 1 failed")},
-     {},
-     {}},
     // Expansion stops at the reader's limit; the element that held the entity
     // is lost, the rest of the document is not read.
     {"xmp_exponential_entity_expansion",
