@@ -13,9 +13,42 @@ namespace {
 const QString name_open = QStringLiteral("<font color=\"white\"><b>");
 const QString name_close = QStringLiteral("</b></font>");
 
-QString wrapped_file_name(const QString& file)
+QString file_name(const QString& file)
 {
-    return conversion_messages::wrap_name(QFileInfo(file).fileName());
+    return QFileInfo(file).fileName();
+}
+
+// The template's own line breaks as spaces, for a message on one line.
+QString plain_template(const QString& text)
+{
+    static const QRegularExpression line_breaks(QStringLiteral("(?:<br/?>)+"));
+    return QString(text).replace(line_breaks, QStringLiteral(" ")).trimmed();
+}
+
+// A name or an error text on one line.
+QString one_line(const QString& text)
+{
+    static const QRegularExpression line_ends(QStringLiteral("[\\r\\n]+"));
+    return QString(text).replace(line_ends, QStringLiteral(" "));
+}
+
+struct composed {
+    QString rich;
+    QString plain;
+};
+
+// Fills a translated template whose placeholders take names or texts from
+// outside (preset names, file names, error texts), in one step, so that a
+// "%2" inside a name stays as it is. The rich text sets each one escaped in
+// white bold (or, for texts, escaped only); the plain line has them as they
+// are, with the template's line breaks as spaces.
+composed compose(const QString& text, const QString& name, const QString& detail = QString(), bool detail_is_name = false)
+{
+    const QString rich_detail = detail_is_name ? conversion_messages::wrap_name(detail) : detail.toHtmlEscaped();
+    const QString plain = plain_template(text);
+    if (!text.contains(QLatin1String("%2")))
+        return {text.arg(conversion_messages::wrap_name(name)), plain.arg(one_line(name))};
+    return {text.arg(conversion_messages::wrap_name(name), rich_detail), plain.arg(one_line(name), one_line(detail))};
 }
 
 } // namespace
@@ -27,7 +60,7 @@ const QString support_address = QStringLiteral("support@quillmark.example");
 
 QString wrap_name(const QString& name)
 {
-    return name_open + name + name_close;
+    return name_open + name.toHtmlEscaped() + name_close;
 }
 
 question_labels translated_labels()
@@ -48,7 +81,8 @@ conversion_question white_balance_question(const QString& file, const QString& p
                       "Anyway we recommend to keep the white balance settings for neutralizing the image instead of "
                       "using them for creating a look.<br/>"
                       "For this reason they should not be inside a preset.");
-    return {preset_question::white_balance, file, title, text.arg(wrap_name(preset_name)), labels};
+    const composed message = compose(text, preset_name);
+    return {preset_question::white_balance, file, preset_name, title, message.rich, message.plain, labels};
 }
 
 conversion_question unsupported_parameters_question(const QString& file, const QString& preset_name, bool lut,
@@ -63,8 +97,9 @@ conversion_question unsupported_parameters_question(const QString& file, const Q
     const QString text = QCoreApplication::translate(
         "MainWindow", "Your selected preset %1 contains the following parameters, which can't be mapped in Capture One:"
                       "<br/>%2<br/>These parameters will be ignored.");
-    // Both placeholders in one step: a "%2" inside the preset's name stays as it is.
-    return {preset_question::unsupported_parameters, file, title, text.arg(wrap_name(preset_name), list), labels};
+    // The list first, in the same step that keeps "%1" for the name.
+    const composed message = compose(text.arg(QStringLiteral("%1"), list), preset_name);
+    return {preset_question::unsupported_parameters, file, preset_name, title, message.rich, message.plain, labels};
 }
 
 conversion_question camera_calibration_question(const QString& file, const QString& preset_name,
@@ -78,7 +113,8 @@ conversion_question camera_calibration_question(const QString& file, const QStri
         "Capture One.<br/>"
         "We recommend to reserve these parameters for the calibration of your camera and not for creating "
         "creative looks.");
-    return {preset_question::camera_calibration, file, title, text.arg(wrap_name(preset_name)), labels};
+    const composed message = compose(text, preset_name);
+    return {preset_question::camera_calibration, file, preset_name, title, message.rich, message.plain, labels};
 }
 
 conversion_failure unsupported_format(const QString& file)
@@ -86,7 +122,8 @@ conversion_failure unsupported_format(const QString& file)
     const QString title = QCoreApplication::translate("MainWindow", "Unsupported preset format");
     const QString text =
         QCoreApplication::translate("MainWindow", "Your preset %1 is in a format Stylewright can't convert.");
-    return {failure_kind::unsupported_format, file, title, text.arg(wrapped_file_name(file))};
+    const composed message = compose(text, file_name(file));
+    return {failure_kind::unsupported_format, file, QString(), title, message.rich, message.plain};
 }
 
 conversion_failure unreadable_preset(const QString& file, const QString& error)
@@ -98,8 +135,8 @@ conversion_failure unreadable_preset(const QString& file, const QString& error)
                                     "Please contact the Quillmark support and send them a screenshot of this message "
                                     "and the preset file stated above to ") +
         support_address + QStringLiteral("<br/><br/>Error: %2");
-    // One step for both placeholders: a "%1" in the error text stays as it is.
-    return {failure_kind::unreadable_preset, file, title, text.arg(wrapped_file_name(file), error)};
+    const composed message = compose(text, file_name(file), error);
+    return {failure_kind::unreadable_preset, file, error, title, message.rich, message.plain};
 }
 
 conversion_failure conversion_failed(const QString& file)
@@ -112,25 +149,16 @@ conversion_failure conversion_failed(const QString& file)
                                     "Please contact Quillmark support and send them a screenshot of this message "
                                     "and the preset file stated above to ") +
         support_address + QStringLiteral("<br/><br/>");
-    return {failure_kind::conversion_failed, file, title, text.arg(wrapped_file_name(file))};
+    const composed message = compose(text, file_name(file));
+    return {failure_kind::conversion_failed, file, QString(), title, message.rich, message.plain};
 }
 
 conversion_failure write_failed(const QString& file, const QString& target, const QString& reason)
 {
     const QString title = QCoreApplication::translate("MainWindow", "Can't write style");
     const QString text = QCoreApplication::translate("MainWindow", "The style %1 could not be written.<br/>%2");
-    return {failure_kind::write_failed, file, title, text.arg(wrap_name(target), reason)};
-}
-
-QString plain_text(const QString& rich_text)
-{
-    static const QRegularExpression line_breaks(QStringLiteral("(?:<br/?>)+"));
-    static const QRegularExpression line_ends(QStringLiteral("[\\r\\n]+"));
-    QString text = rich_text;
-    text.remove(name_open).remove(name_close);
-    text.replace(line_breaks, QStringLiteral(" "));
-    text.replace(line_ends, QStringLiteral(" "));
-    return text.trimmed();
+    const composed message = compose(text, target, reason);
+    return {failure_kind::write_failed, file, reason, title, message.rich, message.plain};
 }
 
 } // namespace conversion_messages

@@ -276,7 +276,7 @@ void MainWindow::report_archive_failures(const QVector<archive_failure>& failure
             failure.entry.isEmpty() ? failure.archive : failure.archive + QLatin1Char('/') + failure.entry;
         qWarning().noquote() << where + QStringLiteral(": ") + failure.reason;
         if (lines.size() < listed_in_box)
-            lines << conversion_messages::wrap_name(QFileInfo(where).fileName().toHtmlEscaped()) + QStringLiteral(": ") + failure.reason.toHtmlEscaped();
+            lines << conversion_messages::wrap_name(QFileInfo(where).fileName()) + QStringLiteral(": ") + failure.reason.toHtmlEscaped();
     }
     if (failures.size() > listed_in_box)
         lines << tr("… and %1 more, listed in the application log.").arg(failures.size() - listed_in_box);
@@ -307,7 +307,7 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
             vel::message_box::warning(
                 this, tr("Output folder can't be used"),
                 tr("The output folder %1 can't be used for the styles.<br/>%2")
-                    .arg(conversion_messages::wrap_name(output_folder().toHtmlEscaped()), reason.toHtmlEscaped()),
+                    .arg(conversion_messages::wrap_name(output_folder()), reason.toHtmlEscaped()),
                 QMessageBox::Ok, QMessageBox::Ok);
             return;
         }

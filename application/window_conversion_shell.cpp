@@ -91,7 +91,7 @@ void window_conversion_shell::report_failure(const conversion_failure& failure)
     case failure_kind::write_failed:
         // The window never stops a run with a box for a style it could not
         // write; the reason goes to the log window rather than being lost.
-        qWarning().noquote() << failure.title + QStringLiteral(": ") + conversion_messages::plain_text(failure.text);
+        qWarning().noquote() << failure.title + QStringLiteral(": ") + failure.plain;
         break;
     }
 }

@@ -8,7 +8,7 @@ cli_shell::cli_shell(const cli_options& options) : options_(options) {}
 question_answer cli_shell::ask(const conversion_question& question)
 {
     cli_output::log_line(QtWarningMsg, question.file + QStringLiteral(": ") + question.title + QStringLiteral(": ") +
-                                           conversion_messages::plain_text(question.text));
+                                           question.plain);
     switch (question.kind) {
     case preset_question::white_balance:
         return options_.white_balance;
@@ -37,6 +37,5 @@ void cli_shell::progress(int index, int count, const QString& file)
 
 QString failure_line(const conversion_failure& failure)
 {
-    return failure.file + QStringLiteral(": ") + failure.title + QStringLiteral(": ") +
-           conversion_messages::plain_text(failure.text);
+    return failure.file + QStringLiteral(": ") + failure.title + QStringLiteral(": ") + failure.plain;
 }

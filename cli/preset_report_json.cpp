@@ -82,7 +82,7 @@ QByteArray preset_json(const QString& path, const lightroom_importer& record)
 
 QString failure_text(const conversion_failure& failure)
 {
-    return failure.title + QStringLiteral(": ") + conversion_messages::plain_text(failure.text);
+    return failure.title + QStringLiteral(": ") + failure.plain;
 }
 
 } // namespace

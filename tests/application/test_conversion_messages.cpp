@@ -62,16 +62,30 @@ TEST(conversion_messages, titles_and_texts_are_exact)
     EXPECT_EQ(conversion_failed("x").kind, failure_kind::conversion_failed);
 }
 
-TEST(conversion_messages, plain_text_is_one_line_without_markup)
+// The plain line of each message: the same words on one line, names and
+// texts from outside as they are, never altered by markup of their own.
+TEST(conversion_messages, plain_lines_keep_names_as_they_are)
 {
-    const char* const cases[][2] = {{"Your preset <font color=\"white\"><b>Warm</b></font> is odd.",
-                                     "Your preset Warm is odd."},
-                                    {"a.<br/><br/>b", "a. b"},
-                                    {"a<br>b<br/>c", "a b c"},
-                                    {"list:<br/>- LUT<br/>- Dehaze<br/><br/>end", "list: - LUT - Dehaze end"},
-                                    {"ends<br/><br/>", "ends"},
-                                    {"line\nbreak\r\nin error", "line break in error"},
-                                    {"keeps a < b and <i>", "keeps a < b and <i>"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(plain_text(c[0]), c[1]);
+    const question_labels labels = translated_labels();
+    const std::pair<QString, QString> cases[] = {
+        {unsupported_parameters_question("f", "<b>R&D</b>", true, true, labels).plain,
+         "Your selected preset <b>R&D</b> contains the following parameters, which can't be mapped in Capture One: "
+         "- LUT - Dehaze These parameters will be ignored."},
+        {unreadable_preset("/x/a<br>b.xmp", "line\nbreak\r\nin %1").plain,
+         "Your preset a<br>b.xmp can't be processed by Stylewright. Please contact the Quillmark support and send "
+         "them a screenshot of this message and the preset file stated above to support@quillmark.example Error: "
+         "line break in %1"},
+        {conversion_failed("/x/Warm.xmp").plain,
+         "The preset Warm.xmp could not be converted to Capture One format. Please contact Quillmark support and "
+         "send them a screenshot of this message and the preset file stated above to support@quillmark.example"},
+        {write_failed("/x/a.xmp", "/out/a&b.costyle", "Disk <full>").plain,
+         "The style /out/a&b.costyle could not be written. Disk <full>"},
+        // The box's rich text shows the same name, escaped.
+        {white_balance_question("f", "<b>R&D</b>", labels).text.section("<br/>", 0, 0),
+         "Your preset <font color=\"white\"><b>&lt;b&gt;R&amp;D&lt;/b&gt;</b></font> contains values for the white "
+         "balance."},
+        {write_failed("/x/a.xmp", "/o", "Disk <full>").text, "The style " + wrap_name("/o") +
+         " could not be written.<br/>Disk &lt;full&gt;"}};
+    for (const auto& [actual, expected] : cases)
+        EXPECT_EQ(actual, expected);
 }
