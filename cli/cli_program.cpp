@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/cli_program.h"
+
+#include "application/conversion_run.h"
+#include "application/held_log.h"
+#include "application/preset_source.h"
+#include "application/stylepack_writer.h"
+#include "cli/cli_options.h"
+#include "cli/cli_output.h"
+#include "cli/cli_shell.h"
+#include "cli/preset_report_json.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QThreadPool>
+
+#include <cerrno>
+#include <optional>
+
+namespace {
+
+constexpr int exit_success = 0;
+constexpr int exit_failure = 1;
+constexpr int exit_usage = 2;
+
+const QString program_name = QStringLiteral("stylewright-cli");
+
+// A document that did not reach standard output is a failure like any other,
+// not a silent success.
+bool write_document(const QByteArray& bytes)
+{
+    errno = 0;
+    if (cli_output::write_stdout(bytes))
+        return true;
+    cli_output::error_line(QStringLiteral("Can't write to standard output: %1.").arg(qt_error_string(errno)));
+    return false;
+}
+
+int usage_error(const QString& message)
+{
+    cli_output::raw_line(program_name + QStringLiteral(": ") + message + QStringLiteral(" Try '") + program_name +
+                         QStringLiteral(" --help'."));
+    return exit_usage;
+}
+
+// A preset named on the command line that is not there.
+bool missing(const preset_source& preset)
+{
+    return !preset.in_archive && !QFileInfo::exists(preset.path);
+}
+
+// What one preset's report came to, with the log lines made on the way.
+// One preset's report as the array element of --inspect's output, and the
+// log lines made on the way.
+struct preset_report {
+    QByteArray json;
+    QString error;
+    held_lines lines;
+};
+
+preset_report report_on(const preset_source& file)
+{
+    preset_report report;
+    report.json = inspect_preset(file, !missing(file), report.error);
+    return report;
+}
+
+// The reports of all presets, made on up to jobs threads; their log lines are
+// held back (the caller holds the log) to come out in preset order.
+std::vector<preset_report> reports_of(const QVector<preset_source>& files, int jobs)
+{
+    std::vector<preset_report> reports(std::size_t(files.size()));
+    QThreadPool pool;
+    pool.setMaxThreadCount(jobs);
+    for (int i = 0; i < files.size(); ++i) {
+        pool.start([&reports, &files, i] {
+            held_lines lines;
+            log_holding::hold_into(&lines);
+            reports[std::size_t(i)] = report_on(files.at(i));
+            log_holding::hold_into(nullptr);
+            reports[std::size_t(i)].lines = std::move(lines);
+        });
+    }
+    pool.waitForDone();
+    return reports;
+}
+
+int inspect(const QVector<preset_source>& files, bool archives_failed, int jobs)
+{
+    bool failed = archives_failed;
+    std::optional<log_holding> holding;
+    std::vector<preset_report> reports;
+    if (jobs > 1) {
+        holding.emplace();
+        reports = reports_of(files, jobs);
+    }
+    // The array as QJsonDocument writes it indented, put together from its elements.
+    QByteArray document = "[\n";
+    for (int i = 0; i < files.size(); ++i) {
+        const preset_report report = jobs <= 1 ? report_on(files.at(i)) : std::move(reports[std::size_t(i)]);
+        log_holding::release(report.lines);
+        document += report.json + (i + 1 < files.size() ? ",\n" : "\n");
+        if (!report.error.isEmpty()) {
+            cli_output::error_line(files.at(i).path + QStringLiteral(": ") + report.error);
+            failed = true;
+        }
+    }
+    document += "]\n";
+    if (!write_document(document))
+        failed = true;
+    return failed ? exit_failure : exit_success;
+}
+
+int convert(const cli_options& options, const QVector<preset_source>& files, int archive_failures)
+{
+    if (options.to_stdout && files.size() != 1)
+        return usage_error(QStringLiteral("--stdout takes exactly one preset, not %1.").arg(files.size()));
+
+    int unreadable = archive_failures;
+    QVector<preset_source> presets;
+    for (const preset_source& file : files) {
+        if (missing(file)) {
+            cli_output::error_line(file.path + QStringLiteral(": No such file or folder."));
+            ++unreadable;
+            continue;
+        }
+        // The readers take a file they cannot open for an empty preset, which
+        // would turn a permission problem into an empty style.
+        QFile readable(file.path);
+        if (!file.in_archive && !readable.open(QIODevice::ReadOnly)) {
+            cli_output::error_line(file.path + QStringLiteral(": Can't open the file: %1.").arg(readable.errorString()));
+            ++unreadable;
+            continue;
+        }
+        presets.append(file);
+    }
+    const bool separate = options.pack_path.isEmpty() && !options.to_stdout;
+    if (separate && !QDir().mkpath(options.output_folder)) {
+        cli_output::error_line(QStringLiteral("Can't create the output folder %1.").arg(options.output_folder));
+        return exit_failure;
+    }
+
+    conversion_options conversion;
+    // The run collects the styles for a pack in every format but "separate"; the
+    // one style for standard output is collected the same way.
+    conversion.format = separate           ? output_format::separate
+                        : options.category ? output_format::stylepack_category
+                                           : output_format::stylepack;
+    conversion.colour_space = colour_space_name(options.space);
+    conversion.jobs = options.jobs;
+    cli_shell shell(options);
+    conversion_result result = run_conversion(presets, conversion, shell);
+    cli_output::end_progress();
+    result.failed += unreadable;
+
+    if (options.to_stdout) {
+        if (!result.pack_entries.isEmpty() && !write_document(result.pack_entries.first().toUtf8())) {
+            result.failed += result.converted;
+            result.converted = 0;
+        }
+    } else if (!separate) {
+        if (result.pack_entries.isEmpty()) {
+            cli_output::log_line(QtWarningMsg,
+                                 QStringLiteral("No style was converted; %1 was not written.").arg(options.pack_path));
+        } else if (QString reason; !write_stylepack(options.pack_path, result.pack_entries, options.category, &reason)) {
+            cli_output::error_line(QStringLiteral("%1: The style pack could not be written: %2.").arg(options.pack_path, reason));
+            // Styles that never reached the disk are not converted.
+            result.failed += result.converted;
+            result.converted = 0;
+        }
+    }
+
+    cli_output::result_line(QStringLiteral("%1 converted, %2 skipped, %3 failed")
+                                .arg(result.converted)
+                                .arg(result.skipped)
+                                .arg(result.failed));
+    return result.failed > 0 ? exit_failure : exit_success;
+}
+
+} // namespace
+
+int run_cli(const QStringList& arguments)
+{
+    const parsed_command_line parsed = parse_command_line(arguments);
+    switch (parsed.outcome) {
+    case parse_outcome::help:
+        cli_output::write_stdout(parsed.text.toUtf8());
+        return exit_success;
+    case parse_outcome::version:
+        cli_output::write_stdout(
+            QStringLiteral("Stylewright %1\n").arg(QCoreApplication::applicationVersion()).toUtf8());
+        return exit_success;
+    case parse_outcome::usage_error:
+        return usage_error(parsed.text);
+    case parse_outcome::run:
+        break;
+    }
+
+    const cli_options& options = parsed.options;
+    cli_output::install(options.level);
+    const gathered_presets gathered = gather_presets(options.inputs);
+    for (const QString& folder : gathered.empty_folders)
+        cli_output::log_line(QtWarningMsg, QStringLiteral("%1: No preset found in this folder.").arg(folder));
+    for (const archive_failure& failure : gathered.archive_failures) {
+        const QString where = failure.entry.isEmpty() ? failure.archive : failure.archive + QLatin1Char('/') + failure.entry;
+        cli_output::error_line(where + QStringLiteral(": ") + failure.reason);
+    }
+    const int archive_failures = gathered.archive_failures.size();
+    if (options.inspect)
+        return inspect(gathered.presets, archive_failures > 0, options.jobs);
+    return convert(options, gathered.presets, archive_failures);
+}
