@@ -31,37 +31,43 @@ void json_text::start_value()
     }
 }
 
-json_text& json_text::begin_object()
+void json_text::open(char bracket)
 {
     start_value();
-    out_ += '{';
+    out_ += bracket;
     empty_.push_back(true);
+}
+
+void json_text::close(char bracket)
+{
+    // An empty container closes on a line of its own too, as Qt writes it.
+    empty_.pop_back();
+    out_ += '\n';
+    indent(depth_ + int(empty_.size()));
+    out_ += bracket;
+}
+
+json_text& json_text::begin_object()
+{
+    open('{');
     return *this;
 }
 
 json_text& json_text::end_object()
 {
-    empty_.pop_back();
-    out_ += '\n';
-    indent(depth_ + int(empty_.size()));
-    out_ += '}';
+    close('}');
     return *this;
 }
 
 json_text& json_text::begin_array()
 {
-    start_value();
-    out_ += '[';
-    empty_.push_back(true);
+    open('[');
     return *this;
 }
 
 json_text& json_text::end_array()
 {
-    empty_.pop_back();
-    out_ += '\n';
-    indent(depth_ + int(empty_.size()));
-    out_ += ']';
+    close(']');
     return *this;
 }
 

@@ -30,6 +30,8 @@ public:
 
 private:
     void start_value();
+    void open(char bracket);
+    void close(char bracket);
     void indent(int levels);
     void quoted(const QString& text);
 
