@@ -42,7 +42,7 @@ QString replace_shortcut_names(QString text, shortcut_key_names names)
     return text;
 }
 
-void open_help(const QString& path_template)
+void open_help(const QString& path_template, const url_opener& open_url)
 {
     const QString code = get_language_suffix(language_setting_key);
     const QString resource_name = path_template.arg(code);
@@ -75,7 +75,7 @@ void open_help(const QString& path_template)
         qWarning() << "Could not write the help page to" << copy_name << ":" << copy.errorString();
         return;
     }
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(copy_name)))
+    if (!open_url(QUrl::fromLocalFile(copy_name)))
         show_help_window(text);
 }
 

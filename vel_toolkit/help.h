@@ -2,6 +2,10 @@
 #pragma once
 
 #include <QString>
+#include <QDesktopServices>
+#include <QUrl>
+
+#include <functional>
 
 namespace vel {
 
@@ -22,9 +26,10 @@ QString replace_shortcut_names(QString text, shortcut_key_names names);
 
 // Shows the help page of the current language (path_template with %1 for the
 // language code) in the system's browser, through a copy in the temporary folder.
-// Where the desktop cannot open a web page, the page is shown in a window of
-// the program's own instead.
-void open_help(const QString& path_template);
+// Where the desktop cannot open a web page (open_url says false), the page is
+// shown in a window of the program's own instead.
+using url_opener = std::function<bool(const QUrl&)>;
+void open_help(const QString& path_template, const url_opener& open_url = &QDesktopServices::openUrl);
 
 // The help page's text in a window of its own, with working links.
 void show_help_window(const QString& html);

@@ -6,6 +6,7 @@
 
 #include <QDesktopServices>
 #include <QSettings>
+#include <QTextBrowser>
 
 using vel::shortcut_key_names;
 
@@ -63,6 +64,20 @@ private slots:
             QCOMPARE(QString::fromUtf8(shown.readAll()), QString(text).replace("StXrg", "Ctrl"));
         }
         QCOMPARE(browser.opened, QList<QUrl>({copy, copy}));
+    }
+
+    void without_a_browser_the_page_shows_in_a_window_of_its_own()
+    {
+        QSettings().setValue("lang", "en");
+        write_page("en", "<p>Press Ctrl+Shift+L.</p><a href=\"https://quillmark.example\">Web</a>");
+        vel::open_help(page_template(), [](const QUrl&) { return false; });
+        QTextBrowser* shown = nullptr;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            shown = shown ? shown : qobject_cast<QTextBrowser*>(top);
+        QVERIFY(shown && shown->isVisible());
+        QVERIFY(shown->openExternalLinks());
+        QVERIFY(shown->toPlainText().contains("Press Ctrl+Shift+L."));
+        shown->close();
     }
 
     void missing_page_is_logged_and_nothing_opens()
