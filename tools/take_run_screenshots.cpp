@@ -12,7 +12,7 @@
 #include "vel_toolkit/proxy_style.h"
 #include "vel_toolkit/qt_message_handler.h"
 
-#include "gui_test_main.h"
+#include "support/gui_test_main.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui_test_main.h"
-#include "url_catcher.h"
-#include "modal_answer.h"
+#include "support/gui_test_main.h"
+#include "support/url_catcher.h"
+#include "support/modal_answer.h"
 
 #include "application/dialog_settings.h"
 #include "application/main_window.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/preset_reading.h"
-#include "application/conversion_fixtures.h"
+#include "support/conversion_fixtures.h"
 
 #include <gtest/gtest.h>
 

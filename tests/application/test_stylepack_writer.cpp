@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/stylepack_writer.h"
-#include "application/conversion_fixtures.h"
+#include "support/conversion_fixtures.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

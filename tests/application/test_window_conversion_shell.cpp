@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui_test_main.h"
-#include "modal_answer.h"
+#include "support/gui_test_main.h"
+#include "support/modal_answer.h"
 
 #include "application/main_window.h"
 #include "application/settings_keys.h"

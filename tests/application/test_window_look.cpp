@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui_test_main.h"
+#include "support/gui_test_main.h"
 
 #include "application/dialog_settings.h"
 #include "application/main_window.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/conversion_fixtures.h"
+#include "support/conversion_fixtures.h"
 #include "cli/cli_runner.h"
 
 #include <QDirIterator>

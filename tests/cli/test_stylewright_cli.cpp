@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/conversion_fixtures.h"
-#include "test_support.h"
+#include "support/conversion_fixtures.h"
+#include "support/test_support.h"
 
 #include <QDirIterator>
 #include <QJsonArray>

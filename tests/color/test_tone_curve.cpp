@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "color/tone_curve.h"
 
-#include "color/log_capture.h"
+#include "support/log_capture.h"
 
 #include <gtest/gtest.h>
 #include <vector>

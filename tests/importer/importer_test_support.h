@@ -4,7 +4,7 @@
 // Helpers of the preset readers' tests: a record written out as one line of
 // text, so that a whole expected record fits in a table row.
 
-#include "color/log_capture.h"
+#include "support/log_capture.h"
 #include "importer/lightroom_importer.h"
 
 #include <QFile>

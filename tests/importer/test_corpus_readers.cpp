@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "importer_test_support.h"
-#include "test_support.h"
+#include "support/test_support.h"
 
 #include <QDir>
 #include <QRegularExpression>

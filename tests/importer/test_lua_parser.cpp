@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "importer/lua_parser.h"
 #include "importer_test_support.h"
-#include "test_support.h"
+#include "support/test_support.h"
 
 #include <QDirIterator>
 #include <QRegularExpression>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "color/log_capture.h"
+#include "support/log_capture.h"
 #include "importer/lua_tokenizer.h"
 
 #include <gtest/gtest.h>

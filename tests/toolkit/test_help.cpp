@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui_test_main.h"
-#include "url_catcher.h"
+#include "support/gui_test_main.h"
+#include "support/url_catcher.h"
 
 #include "vel_toolkit/help.h"
 

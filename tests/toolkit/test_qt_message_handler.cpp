@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui_test_main.h"
+#include "support/gui_test_main.h"
 
 #include "vel_toolkit/qt_message_handler.h"
 

@@ -4,7 +4,7 @@
 // Helpers of the style writer's tests: one writer for the whole program,
 // presets from literal settings, documents read back into their entries.
 
-#include "color/log_capture.h"
+#include "support/log_capture.h"
 #include "importer/lightroom_importer.h"
 #include "writer/costyle_writer.h"
 

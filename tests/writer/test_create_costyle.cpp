@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "costyle_test_support.h"
-#include "test_support.h"
+#include "support/test_support.h"
 #include "writer/mapping_context.h"
 
 #include <QDirIterator>

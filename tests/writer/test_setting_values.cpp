@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writer/setting_values.h"
 
-#include "color/log_capture.h"
+#include "support/log_capture.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "lua_oracle.h"
 
 #include "importer/lightroom_importer.h"
-#include "quiet_log.h"
+#include "support/quiet_log.h"
 
 #include <QPoint>
 #include <QProcess>

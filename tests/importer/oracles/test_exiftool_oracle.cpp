@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exiftool_oracle.h"
 #include "importer/lightroom_importer.h"
-#include "quiet_log.h"
-#include "test_support.h"
+#include "support/quiet_log.h"
+#include "support/test_support.h"
 
 #include <QDir>
 #include <QFile>

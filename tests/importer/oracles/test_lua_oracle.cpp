@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lua_oracle.h"
-#include "test_support.h"
+#include "support/test_support.h"
 
 #include <QDir>
 #include <QFile>
