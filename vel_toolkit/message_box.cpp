@@ -8,12 +8,38 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QTextBlockFormat>
+#include <QTextCursor>
+#include <QTextDocument>
 
 namespace vel {
 namespace {
 
 // The box's symbol in logical pixels.
 constexpr int symbol_size = 40;
+
+// Each line of a box's text is at least this much of the font's line height.
+// A rich-text label draws its first line with the font's ascent above the
+// baseline and clips there, which cuts off accents stacked above capitals
+// (Ü, Ế, Й); a minimum height puts the extra room above every line.
+constexpr qreal line_room = 1.3;
+
+void make_room_above_lines(QLabel* label)
+{
+    auto* document = label->findChild<QTextDocument*>();
+    if (!document)
+        return;
+    // The label fills its document from the text when it first measures it;
+    // a format set before that would be overwritten.
+    (void)label->sizeHint();
+    QTextBlockFormat format;
+    format.setLineHeight(QFontMetricsF(label->font()).height() * line_room, QTextBlockFormat::MinimumHeight);
+    QTextCursor cursor(document);
+    cursor.select(QTextCursor::Document);
+    cursor.mergeBlockFormat(format);
+    // Asks the label to measure its text again.
+    label->setWordWrap(label->wordWrap());
+}
 
 // The platform's message symbols are drawn for light windows and at one
 // resolution; these are drawn for the dark look at the screen's resolution.
@@ -91,6 +117,8 @@ message_box::message_box(Icon icon, const QString& title, const QString& text, S
     }
     QString rich = text;
     setText(rich.replace(QLatin1Char('\n'), QLatin1String("<br/>")));
+    if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
+        make_room_above_lines(label);
     setStyleSheet(dark_style::dialog_sheet());
     translate_standard_buttons();
 }
