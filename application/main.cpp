@@ -1,26 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/application_icon.h"
 #include "application/application_identity.h"
+#include "application/application_look.h"
 #include "application/main_window.h"
 #include "application/settings_keys.h"
 #include "application/translation_loader.h"
 #include "vel_toolkit/component_versions.h"
 #include "vel_toolkit/crash_handler.h"
-#include "vel_toolkit/dark_palette.h"
 #include "vel_toolkit/language.h"
 #include "vel_toolkit/processor_features.h"
-#include "vel_toolkit/proxy_style.h"
 #include "vel_toolkit/qt_message_handler.h"
 
 #include <QApplication>
-
-namespace {
-
-// Tool tips appear only after the pointer has rested this long: the window
-// is small and every control has one, so quick tips would flicker constantly.
-constexpr int tool_tip_wake_up_delay_ms = 2000;
-
-} // namespace
 
 int main(int argc, char* argv[])
 {
@@ -36,11 +26,7 @@ int main(int argc, char* argv[])
 
     QApplication application(argc, argv);
 
-    auto* style = new vel::proxy_style();
-    style->set_tool_tip_wake_up_delay(tool_tip_wake_up_delay_ms);
-    QApplication::setStyle(style);
-    vel::apply_dark_palette();
-    QApplication::setWindowIcon(application_icon());
+    apply_application_look();
 
     const auto translators = install_translators(vel::get_language_suffix(settings_keys::lang));
 

@@ -6,10 +6,9 @@
 // first question box in front of the progress dialog, and the progress
 // dialog alone further into the run. Questions are answered "Convert All",
 // failure boxes with OK. Run it under xvfb-run; uses private settings.
-#include "application/application_icon.h"
+#include "application/application_look.h"
 #include "application/main_window.h"
 #include "application/translation_loader.h"
-#include "vel_toolkit/proxy_style.h"
 #include "vel_toolkit/qt_message_handler.h"
 
 #include "support/gui_test_main.h"
@@ -82,9 +81,7 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
     QApplication application(argc, argv);
-    auto* style = new vel::proxy_style();
-    QApplication::setStyle(style);
-    QApplication::setWindowIcon(application_icon());
+    apply_application_look();
 
     const QString presets = make_presets(source, private_root.path() + QStringLiteral("/presets"), count);
     if (presets.isEmpty()) {

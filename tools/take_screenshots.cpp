@@ -3,22 +3,31 @@
 //   take_screenshots <folder> <language code>
 // Run it under a real X server (xvfb-run) to see the windows as the X11
 // build draws them. Uses private settings; never the user's.
-#include "application/application_icon.h"
+#include "application/application_look.h"
 #include "application/dialog_settings.h"
 #include "application/main_window.h"
+#include "application/settings_keys.h"
 #include "application/translation_loader.h"
 #include "vel_toolkit/about_dialog.h"
+#include "vel_toolkit/clickable_label.h"
 #include "vel_toolkit/component_versions.h"
 #include "vel_toolkit/dark_button.h"
 #include "vel_toolkit/information_box.h"
 #include "vel_toolkit/message_box.h"
 #include "vel_toolkit/processor_features.h"
-#include "vel_toolkit/proxy_style.h"
 #include "vel_toolkit/qt_message_handler.h"
 
 #include "support/gui_test_main.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QHelpEvent>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QToolTip>
 #include <QDebug>
 #include <QPixmap>
 #include <QScreen>
@@ -26,6 +35,7 @@
 #include <QTextEdit>
 #include <QTest>
 
+#include <functional>
 #include <iostream>
 
 namespace {
@@ -47,6 +57,42 @@ QWidget* top_level_titled(const QString& title)
     return nullptr;
 }
 
+// Saves the next modal window once it shows, then lets act close it (or
+// open the window after it, which is saved as next_name).
+void shoot_next_modal(const QString& folder, const QString& name, const std::function<void(QWidget*)>& act)
+{
+    QTimer::singleShot(500, [folder, name, act] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal) {
+            std::fprintf(stderr, "no window for %s\n", qPrintable(name));
+            return;
+        }
+        save(modal, folder, name);
+        act(modal);
+    });
+}
+
+void close_window(QWidget* window)
+{
+    if (auto* dialog = qobject_cast<QDialog*>(window))
+        dialog->reject();
+    else
+        window->close();
+}
+
+// The tool tip Qt shows for widget, as the pointer would bring it up.
+void shoot_tool_tip(QWidget* widget, const QString& folder, const QString& name)
+{
+    QHelpEvent help(QEvent::ToolTip, widget->rect().center(), widget->mapToGlobal(widget->rect().center()));
+    QApplication::sendEvent(widget, &help);
+    QTest::qWait(300);
+    for (QWidget* tip : QApplication::topLevelWidgets()) {
+        if (tip->isVisible() && tip->inherits("QTipLabel"))
+            save(tip, folder, name);
+    }
+    QToolTip::hideText();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -65,13 +111,10 @@ int main(int argc, char** argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, true);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps, true);
     QApplication application(argc, argv);
-    auto* style = new vel::proxy_style();
-    style->set_tool_tip_wake_up_delay(2000);
-    QApplication::setStyle(style);
-    QApplication::setWindowIcon(application_icon());
+    apply_application_look();
 
-    QSettings().setValue(QStringLiteral("lang"), language);
-    QSettings().setValue(QStringLiteral("output_dir"), QStringLiteral("/home/anna/Pictures/Capture One Styles"));
+    QSettings().setValue(settings_keys::lang, language);
+    QSettings().setValue(settings_keys::output_dir.key, QStringLiteral("/home/anna/Pictures/Capture One Styles"));
     const auto translators = install_translators(language);
 
     MainWindow window;
@@ -106,10 +149,42 @@ int main(int argc, char** argv)
         save(log, folder, QStringLiteral("log_") + language);
     }
 
+    // Qt's own file dialogs as the window opens them: the open dialog, the
+    // folder chooser, and the pack's save dialog with its question before a
+    // file is replaced.
+    QTemporaryDir presets;
+    QFile(presets.filePath(QStringLiteral("Übergang Ölig.lrtemplate"))).open(QIODevice::WriteOnly);
+    QFile(presets.filePath(QStringLiteral("Summer.costylepack"))).open(QIODevice::WriteOnly);
+    QSettings().setValue(settings_keys::input_dir.key, presets.path());
+    QSettings().setValue(settings_keys::output_dir.key, presets.path());
+    shoot_next_modal(folder, QStringLiteral("open_dialog_") + language, close_window);
+    QMetaObject::invokeMethod(&window, "on_button_convert_clicked");
+    shoot_next_modal(folder, QStringLiteral("folder_dialog_") + language, close_window);
+    QMetaObject::invokeMethod(&window, "on_button_output_folder_clicked");
+    {
+        QFileDialog save_dialog(&window, QStringLiteral("Name Capture One Stylepack"), presets.path(),
+                                QStringLiteral("Capture One Stylepack(*.costylepack)"));
+        save_dialog.setAcceptMode(QFileDialog::AcceptSave);
+        save_dialog.selectFile(QStringLiteral("Summer.costylepack"));
+        shoot_next_modal(folder, QStringLiteral("save_dialog_") + language, [&](QWidget*) {
+            shoot_next_modal(folder, QStringLiteral("replace_question_") + language, [&](QWidget* question) {
+                close_window(question);
+                save_dialog.reject();
+            });
+            QMetaObject::invokeMethod(&save_dialog, "accept");
+        });
+        save_dialog.exec();
+    }
+
     QSettings settings;
     dialog_settings settings_dialog(&settings, &window);
     settings_dialog.show();
     save(&settings_dialog, folder, QStringLiteral("settings_") + language);
+    if (auto* list = settings_dialog.findChild<QComboBox*>()) {
+        list->showPopup();
+        save(list->view()->window(), folder, QStringLiteral("settings_list_") + language);
+        list->hidePopup();
+    }
     settings_dialog.hide();
 
     vel::about_dialog about(&window);
@@ -120,6 +195,9 @@ int main(int argc, char** argv)
     vel::information_box information(&window);
     information.show();
     save(&information, folder, QStringLiteral("information_") + language);
+    if (auto* link = information.findChild<vel::clickable_label*>()) {
+        shoot_tool_tip(link, folder, QStringLiteral("information_tip_") + language);
+    }
     information.hide();
 
     vel::message_box question(QMessageBox::Question, QStringLiteral("White balance modified by preset"),
