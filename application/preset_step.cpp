@@ -35,9 +35,11 @@ void preset_step::build_style()
 {
     // A writer per preset: nothing of one conversion can reach the next.
     const costyle_writer writer;
-    converted = writer.create_costyle(record, document, colour_space_);
-    if (converted && QLoggingCategory::defaultCategory()->isDebugEnabled()) {
-        const style_losses losses = what_a_style_leaves_out(record);
+    const bool listening = QLoggingCategory::defaultCategory()->isDebugEnabled();
+    QSet<QString> keys_read;
+    converted = writer.create_costyle(record, document, colour_space_, listening ? &keys_read : nullptr);
+    if (converted && listening) {
+        const style_losses losses = what_a_style_leaves_out(record, keys_read);
         if (!losses.empty())
             qDebug().noquote() << QStringLiteral("%1: the style leaves out %2").arg(source.path, losses.summary());
     }

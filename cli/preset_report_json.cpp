@@ -47,7 +47,6 @@ void write_losses(json_text& json, const style_losses& losses)
 // Keys in QJsonObject's order, which sorts them.
 QByteArray preset_json(const QString& path, const lightroom_importer& record)
 {
-    // The flags need no colour tables, so no writer is built for them.
     bool white_balance = false;
     bool dehaze = false;
     bool lut = false;
@@ -71,7 +70,7 @@ QByteArray preset_json(const QString& path, const lightroom_importer& record)
     json.key(QStringLiteral("white_balance")).value(white_balance);
     json.end_object();
     json.key(QStringLiteral("name")).value(record.name);
-    write_losses(json, what_a_style_leaves_out(record));
+    write_losses(json, what_a_style_leaves_out(record, keys_a_conversion_reads(record)));
     json.key(QStringLiteral("settings")).begin_object();
     for (auto it = record.settings.cbegin(); it != record.settings.cend(); ++it)
         json.key(it.key()).value(it.value());

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "color/tone_curve.h"
+#include "color/conversion_log.h"
 
 #include "color/c_spline.h"
 
@@ -102,7 +103,7 @@ float map_to_points(const point_table& table, float x)
         const float xc = std::clamp(x, x1, x2);
         return (xc - x1) / (x2 - x1) * (y2 - y1) + y1;
     }
-    qWarning() << "map_to_points failed." << x << p1 << p2;
+    qCWarning(conversion_log) << "map_to_points failed." << x << p1 << p2;
     return 0.0f;
 }
 
@@ -123,7 +124,7 @@ curve_points resample_curve(const curve_points& curve)
         return out;
     cSpline spline = spline_of(curve);
     if (!spline.has_segments()) {
-        qWarning() << "resample_curve: curve" << curve << "can't be interpolated, skipped.";
+        qCWarning(conversion_log) << "resample_curve: curve" << curve << "can't be interpolated, skipped.";
         return out;
     }
     out.reserve(resample_count);
@@ -159,10 +160,10 @@ curve_points soften_shadow_points(const curve_points& curve)
 rgb_inverse_map build_rgb_inverse_map(const curve_points& master)
 {
     rgb_inverse_map map;
-    qInfo() << "Rastering RGB Curve at" << master;
+    qCInfo(conversion_log) << "Rastering RGB Curve at" << master;
     cSpline spline = spline_of(master);
     if (!spline.has_segments()) {
-        qWarning() << "build_rgb_inverse_map: curve" << master << "can't be interpolated, no levels.";
+        qCWarning(conversion_log) << "build_rgb_inverse_map: curve" << master << "can't be interpolated, no levels.";
         return map;
     }
     for (int x = 0; x <= level_max; ++x) {
@@ -176,7 +177,7 @@ curve_points compensate_with_rgb_curve(const curve_points& channel, const curve_
                                        const rgb_inverse_map& inverse_map)
 {
     if (!curve_is_usable(channel) || !curve_is_usable(master)) {
-        qWarning() << "compensate_with_rgb_curve: curves" << channel << master
+        qCWarning(conversion_log) << "compensate_with_rgb_curve: curves" << channel << master
                    << "can't be interpolated, skipped.";
         return curve_points();
     }
@@ -206,7 +207,7 @@ curve_points compensate_with_rgb_curve(const curve_points& channel, const curve_
             }
         }
         if (key < 0) {
-            qInfo() << "Removing point" << p << normalised(p) << "-> No Y in range";
+            qCInfo(conversion_log) << "Removing point" << p << normalised(p) << "-> No Y in range";
             out.remove(i);
             continue;
         }
@@ -218,7 +219,7 @@ curve_points compensate_with_rgb_curve(const curve_points& channel, const curve_
         else
             x_new = nearest_level(levels, p.x());
         if (x_new < 0) {
-            qWarning("compensate_with_rgb_curve: Found y:%d with no matching x value", key);
+            qCWarning(conversion_log, "compensate_with_rgb_curve: Found y:%d with no matching x value", key);
             out.remove(i);
             continue;
         }
@@ -228,23 +229,23 @@ curve_points compensate_with_rgb_curve(const curve_points& channel, const curve_
         const int offset = x_new - key;
         QPoint moved(p.x() + offset, p.y() + offset);
         if (moved.y() < 0 || moved.y() > level_max) {
-            qWarning("Applying offset %d at QPoint(%d,%d) is resulting in out of range value %d.", offset, p.x(),
+            qCWarning(conversion_log, "Applying offset %d at QPoint(%d,%d) is resulting in out of range value %d.", offset, p.x(),
                      p.y(), moved.y());
             moved.setY(std::clamp(moved.y(), 0, level_max));
         }
-        qInfo() << "Replacing point" << p << normalised(p) << "with" << moved << normalised(moved);
+        qCInfo(conversion_log) << "Replacing point" << p << normalised(p) << "with" << moved << normalised(moved);
         offsets.append(offset);
         out[i] = moved;
         ++i;
     }
-    qInfo() << "Applying offsets" << offsets << "to curve" << before_offsets;
+    qCInfo(conversion_log) << "Applying offsets" << offsets << "to curve" << before_offsets;
 
     for (int i = 0; i < out.size();) {
         const QPoint p = out[i];
         const bool near_low_edge = p.x() < edge_low && p.x() != 0;
         const bool near_high_edge = p.x() > edge_high && p.x() != level_max;
         if (near_low_edge || near_high_edge) {
-            qDebug() << "Removing point" << p << normalised(p) << "too close to or beyond the edge";
+            qCDebug(conversion_log) << "Removing point" << p << normalised(p) << "too close to or beyond the edge";
             out.remove(i);
             continue;
         }

@@ -92,11 +92,11 @@ void costyle_writer(const QByteArray& input)
 
     bool white_balance = false, dehaze = false, lut = false, camera_calibration = false;
     writer.check_costyle(white_balance, dehaze, lut, camera_calibration, record);
-    (void)not_carried_over(record);
-
     QString document;
-    if (!writer.create_costyle(record, document, colour_space))
+    QSet<QString> keys_read;
+    if (!writer.create_costyle(record, document, colour_space, &keys_read))
         std::abort();
+    (void)not_carried_over(record, keys_read);
     QXmlStreamReader xml(document);
     while (!xml.atEnd())
         xml.readNext();

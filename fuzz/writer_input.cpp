@@ -2,7 +2,7 @@
 #include "writer_input.h"
 
 #include "importer/lightroom_importer.h"
-#include "writer/mapping_context.h"
+#include "writer/carried_settings.h"
 
 #include <QSet>
 #include <algorithm>
@@ -12,20 +12,20 @@ namespace writer_input {
 const QStringList& writer_keys()
 {
     static const QStringList keys = [] {
+        // Two conversions that between them take every branch that reads a
+        // setting: black and white, split toning, vignette and grain, both
+        // tone processes and the fallback white balance keys.
         QSet<QString> set;
-        add_frame_keys(set);
-        // With a split-toning key and both process flags every conditional
-        // key of the listings is included.
-        const preset_settings split_toning{{QStringLiteral("SplitToningShadowHue"), QStringLiteral("0")}};
         for (const bool process_2010 : {false, true}) {
-            mapping_flags flags;
-            flags.grayscale = true;
-            flags.process_2010 = process_2010;
-            add_white_balance_tone_keys(preset_settings(), flags, set);
-            add_black_and_white_keys(flags, set);
+            lightroom_importer preset;
+            preset.settings = {{QStringLiteral("ConvertToGrayscale"), QStringLiteral("True")},
+                               {QStringLiteral("SplitToningShadowHue"), QStringLiteral("0")},
+                               {QStringLiteral("VignetteAmount"), QStringLiteral("10")},
+                               {QStringLiteral("GrainAmount"), QStringLiteral("10")}};
+            if (process_2010)
+                preset.settings.insert(QStringLiteral("Brightness"), QStringLiteral("0"));
+            set.unite(keys_a_conversion_reads(preset));
         }
-        add_colour_keys(split_toning, set);
-        add_detail_and_effects_keys(set);
         // Read by the compatibility check only.
         for (const char* key : {"Dehaze", "RGBTable", "ShadowTint", "RedHue", "RedSaturation", "GreenHue",
                                 "GreenSaturation", "BlueHue", "BlueSaturation", "IncrementalTint",

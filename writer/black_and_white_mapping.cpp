@@ -40,7 +40,7 @@ float blended(float channel, float neighbour)
 
 void map_black_and_white(mapping_context& context)
 {
-    const preset_settings& settings = context.settings;
+    const settings_view& settings = context.settings;
     costyle_entries& entries = context.entries;
 
     entries.insert(QStringLiteral("BwEnabled"), QStringLiteral("1"));
@@ -65,11 +65,3 @@ void map_black_and_white(mapping_context& context)
     entries.insert(QStringLiteral("BwMagenta"), six_decimals(blended(magenta, purple)));
 }
 
-void add_black_and_white_keys(const mapping_flags& flags, QSet<QString>& keys)
-{
-    if (!flags.grayscale)
-        return;
-    for (const QString* k : {&key::red, &key::orange, &key::yellow, &key::green, &key::aqua, &key::blue,
-                             &key::purple, &key::magenta})
-        keys.insert(*k);
-}

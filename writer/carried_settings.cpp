@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writer/carried_settings.h"
-#include "writer/mapping_context.h"
+#include "writer/colour_space.h"
+#include "writer/costyle_writer.h"
+
+#include "color/conversion_log.h"
 
 #include "importer/lightroom_importer.h"
 
@@ -55,18 +58,18 @@ const QSet<QString>& bookkeeping_keys()
 
 } // namespace
 
-QStringList not_carried_over(const lightroom_importer& preset)
+QSet<QString> keys_a_conversion_reads(const lightroom_importer& preset)
+{
+    // Which keys are read depends on the settings, not on the colour space.
+    const silent_conversion_log silent;
+    QSet<QString> read;
+    (void)costyle_writer().style_entries(preset, colour_space_name(colour_space::raw), &read);
+    return read;
+}
+
+QStringList not_carried_over(const lightroom_importer& preset, const QSet<QString>& read)
 {
     const preset_settings& settings = preset.settings;
-    const mapping_flags flags = read_mapping_flags(settings);
-
-    QSet<QString> read;
-    add_frame_keys(read);
-    add_white_balance_tone_keys(settings, flags, read);
-    add_black_and_white_keys(flags, read);
-    add_colour_keys(settings, read);
-    add_detail_and_effects_keys(read);
-
     QStringList missing;
     for (auto entry = settings.cbegin(); entry != settings.cend(); ++entry) {
         const QString& key = entry.key();
@@ -102,8 +105,8 @@ QString style_losses::summary() const
     return parts.join(QStringLiteral("; "));
 }
 
-style_losses what_a_style_leaves_out(const lightroom_importer& preset)
+style_losses what_a_style_leaves_out(const lightroom_importer& preset, const QSet<QString>& read)
 {
-    return {not_carried_over(preset), preset.extras.local_adjustments, preset.extras.look,
+    return {not_carried_over(preset, read), preset.extras.local_adjustments, preset.extras.look,
             named_white_balance(preset.settings)};
 }

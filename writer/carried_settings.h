@@ -2,17 +2,23 @@
 #pragma once
 
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
 class lightroom_importer;
 
-// The preset's settings keys that no mapping of the style writer reads, in
-// key order: what a style made from this preset will lack. Bookkeeping keys
-// that are not develop settings (title, identifiers, versions, preset-type
-// and support flags, curve names) are left out; the point curves are not
-// settings and never appear.
-QStringList not_carried_over(const lightroom_importer& preset);
+// The settings keys a conversion of the preset looks up, learnt from a
+// conversion whose style and log lines are dropped.
+QSet<QString> keys_a_conversion_reads(const lightroom_importer& preset);
+
+// The preset's settings keys that the conversion did not read (read as
+// recorded by create_costyle or keys_a_conversion_reads), in key order: what
+// a style made from this preset will lack. Bookkeeping keys that are not
+// develop settings (title, identifiers, versions, preset-type and support
+// flags, curve names) are left out; the point curves are not settings and
+// never appear.
+QStringList not_carried_over(const lightroom_importer& preset, const QSet<QString>& read);
 
 // Everything a style made from the preset lacks: its unread develop settings,
 // and what no settings key shows (local adjustments by kind, the Look, a
@@ -29,4 +35,4 @@ struct style_losses {
     QString summary() const;
 };
 
-style_losses what_a_style_leaves_out(const lightroom_importer& preset);
+style_losses what_a_style_leaves_out(const lightroom_importer& preset, const QSet<QString>& read);

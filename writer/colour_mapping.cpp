@@ -202,7 +202,7 @@ float mapped_adjustment(float value, float low, float high)
 
 void map_split_toning(mapping_context& context)
 {
-    const preset_settings& settings = context.settings;
+    const settings_view& settings = context.settings;
     costyle_entries& entries = context.entries;
 
     // The colour-balance entries are written whenever any split-toning key is
@@ -275,7 +275,7 @@ void map_split_toning(mapping_context& context)
 
 void map_colour_corrections(mapping_context& context)
 {
-    const preset_settings& settings = context.settings;
+    const settings_view& settings = context.settings;
 
     // Vibrance counts on presence alone; a text that is not a number is 0.
     bool colour_found = false;
@@ -318,26 +318,3 @@ void map_colour_corrections(mapping_context& context)
     context.entries.insert(QStringLiteral("ColorCorrections"), text);
 }
 
-void add_colour_keys(const preset_settings& settings, QSet<QString>& keys)
-{
-    bool split_toning = false;
-    for (const QString* k : split_toning_keys) {
-        keys.insert(*k);
-        split_toning = split_toning || settings.contains(*k);
-    }
-    // The parametric tone amounts only shape the colour balance.
-    if (split_toning) {
-        for (const QString* k : {&key::parametric_shadows, &key::parametric_darks, &key::parametric_lights,
-                                 &key::parametric_highlights})
-            keys.insert(*k);
-    }
-    keys.insert(key::vibrance);
-    // read_hsl_adjustments names its keys as prefix + capitalised colour.
-    static const QString hsl_prefixes[] = {QStringLiteral("HueAdjustment"), QStringLiteral("SaturationAdjustment"),
-                                           QStringLiteral("LuminanceAdjustment")};
-    for (const hue_range& range : hue_ranges) {
-        const QString colour = range.colour.left(1).toUpper() + range.colour.mid(1);
-        for (const QString& prefix : hsl_prefixes)
-            keys.insert(prefix + colour);
-    }
-}

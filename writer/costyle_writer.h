@@ -2,6 +2,9 @@
 #pragma once
 
 #include "color/colour_table.h"
+#include "writer/costyle_entries.h"
+
+#include <QSet>
 #include <QString>
 #include <array>
 
@@ -20,8 +23,13 @@ public:
 
     // Converts for the images of a colour space, named as the settings store
     // and the command line name it ("raw", "srgb", ...; see colour_space.h).
-    // An unknown name converts without a colour table. Always true.
-    bool create_costyle(const lightroom_importer& preset, QString& out, const QString& colour_space) const;
+    // An unknown name converts without a colour table. Always true. With
+    // keys_read, every settings key the conversion looked up is added to it.
+    bool create_costyle(const lightroom_importer& preset, QString& out, const QString& colour_space,
+                        QSet<QString>* keys_read = nullptr) const;
+    // The same style as its table of entries, without the document.
+    costyle_entries style_entries(const lightroom_importer& preset, const QString& colour_space,
+                                  QSet<QString>* keys_read = nullptr) const;
 
     // Raises the flags for what needs the user's attention. white_balance, dehaze
     // and lut are always assigned; camera_calibration is only ever raised.

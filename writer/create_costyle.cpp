@@ -3,6 +3,7 @@
 // the mapping groups in their order, and the XML form of the entry table.
 
 #include "writer/costyle_writer.h"
+#include "color/conversion_log.h"
 #include "writer/mapping_context.h"
 
 #include "importer/lightroom_importer.h"
@@ -43,20 +44,20 @@ const colour_table& select_table(const costyle_writer& writer, std::optional<col
     }
     switch (*space) {
     case colour_space::adobe:
-        qDebug("Using AdobeRGB colorspace (converting)");
+        qCDebug(conversion_log, "Using AdobeRGB colorspace (converting)");
         return writer.table(costyle_writer::adobe_rgb);
     case colour_space::srgb:
-        qDebug("Using sRGB colorspace (converting)");
+        qCDebug(conversion_log, "Using sRGB colorspace (converting)");
         return writer.table(costyle_writer::srgb);
     case colour_space::prophoto:
-        qDebug("Using ProPhoto colorspace (some conversion)");
+        qCDebug(conversion_log, "Using ProPhoto colorspace (some conversion)");
         return writer.table(costyle_writer::identity);
     case colour_space::widegamut:
-        qDebug("Using Wide Gamut RGB colorspace (converting)");
+        qCDebug(conversion_log, "Using Wide Gamut RGB colorspace (converting)");
         return writer.table(costyle_writer::wide_gamut_rgb);
     case colour_space::raw:
         // "raw" shares the Wide Gamut table; it additionally switches a few formulas.
-        qDebug("Using Wide Gamut RGB colorspace (RAW, some conversion)");
+        qCDebug(conversion_log, "Using Wide Gamut RGB colorspace (RAW, some conversion)");
         return writer.table(costyle_writer::wide_gamut_rgb);
     }
     return writer.table(costyle_writer::identity);
@@ -90,43 +91,43 @@ void write_document(const costyle_entries& entries, QString& out)
 
 } // namespace
 
-mapping_flags read_mapping_flags(const preset_settings& settings)
+mapping_flags read_mapping_flags(const settings_view& settings)
 {
     mapping_flags flags;
     // Lightroom writes true or True; the number 1 is not a yes here.
     flags.grayscale = settings.value(grayscale_key, QStringLiteral("False")).toLower() == QLatin1String("true");
+    // Every key of the list is looked at: each is read as the mark of the
+    // process, so none of them is a setting the style leaves out.
     for (const QString& key : process_2010_keys) {
-        if (settings.contains(key)) {
+        if (settings.contains(key))
             flags.process_2010 = true;
-            break;
-        }
     }
     return flags;
 }
 
-void add_frame_keys(QSet<QString>& keys)
+bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out, const QString& colour_space,
+                                    QSet<QString>* keys_read) const
 {
-    keys.insert(grayscale_key);
-    keys.insert(about_key);
-    for (const QString& key : process_2010_keys)
-        keys.insert(key);
+    write_document(style_entries(preset, colour_space, keys_read), out);
+    return true;
 }
 
-bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out,
-                                    const QString& colour_space) const
+costyle_entries costyle_writer::style_entries(const lightroom_importer& preset, const QString& colour_space,
+                                              QSet<QString>* keys_read) const
 {
     costyle_entries entries;
-    const mapping_flags flags = read_mapping_flags(preset.settings);
+    const settings_view settings(preset.settings, keys_read);
+    const mapping_flags flags = read_mapping_flags(settings);
     const std::optional<::colour_space> space = parse_colour_space(colour_space);
     const colour_table& active_table = select_table(*this, space);
 
     // Every style carries a name, even an empty one.
     entries.insert(QStringLiteral("Name"),
-                   preset.name.isEmpty() ? preset.settings.value(about_key) : preset.name);
+                   preset.name.isEmpty() ? settings.value(about_key) : preset.name);
     // A fresh identity on every call: converting twice gives two styles.
     entries.insert(QStringLiteral("UUID"), new_style_uuid());
 
-    mapping_context context{preset, preset.settings, entries, active_table, colour_space, space, flags};
+    mapping_context context{preset, settings, entries, active_table, colour_space, space, flags};
 
     map_white_balance(context);
     if (flags.process_2010)
@@ -142,7 +143,5 @@ bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& o
     map_split_toning(context);
     map_colour_corrections(context);
     map_detail_and_effects(context);
-
-    write_document(entries, out);
-    return true;
+    return entries;
 }

@@ -3,6 +3,7 @@
 // film grain.
 
 #include "writer/mapping_context.h"
+#include "color/conversion_log.h"
 #include "writer/setting_values.h"
 
 #include "color/tone_curve.h"
@@ -79,7 +80,7 @@ bool usable_or_warn(const curve_points& curve, const char* name)
         return false;
     if (curve_is_usable(curve))
         return true;
-    qWarning("Point curve %s is left out: it needs at least two points with x ascending at least 1 apart.", name);
+    qCWarning(conversion_log, "Point curve %s is left out: it needs at least two points with x ascending at least 1 apart.", name);
     return false;
 }
 
@@ -136,13 +137,13 @@ void map_point_curves(mapping_context& context)
         if (!usable_or_warn(curve, channel.name))
             continue;
         if (!rastered) {
-            qInfo() << "Rastering RGB Curve at" << master;
+            qCInfo(conversion_log) << "Rastering RGB Curve at" << master;
             inverse_map = build_rgb_inverse_map(master);
             rastered = true;
         }
         // compensate_with_rgb_curve resamples the channel curve itself.
         const curve_points compensated = compensate_with_rgb_curve(curve, master, inverse_map);
-        qInfo() << "Applying offsets" << compensated << "to curve" << channel.name;
+        qCInfo(conversion_log) << "Applying offsets" << compensated << "to curve" << channel.name;
         set_curve_entry(context.entries, channel.style_key, compensated);
     }
 
@@ -163,10 +164,3 @@ void map_detail_and_effects(mapping_context& context)
     map_grain(context);
 }
 
-void add_detail_and_effects_keys(QSet<QString>& keys)
-{
-    for (const plain_copy& copy : detail_copies)
-        keys.insert(copy.preset_key);
-    for (const QString* k : {&key::vignette_amount, &key::vignette_roundness, &key::grain_amount, &key::grain_size})
-        keys.insert(*k);
-}

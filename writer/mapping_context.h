@@ -16,19 +16,18 @@
 class colour_table;
 class lightroom_importer;
 
-// What the frame decides from the settings before any group runs; the key
-// listing of carried_settings needs the same decisions without a writer.
+// What the frame decides from the settings before any group runs.
 struct mapping_flags {
     bool grayscale = false;
     bool process_2010 = false;
 };
 
-mapping_flags read_mapping_flags(const preset_settings& settings);
+mapping_flags read_mapping_flags(const settings_view& settings);
 
 // Shared by the groups of one call; nothing of it outlives the call.
 struct mapping_context {
     const lightroom_importer& preset;
-    const preset_settings& settings;
+    const settings_view& settings;
     costyle_entries& entries;
     const colour_table& table;
     // The colour space as named by the caller, and what it names (no value for
@@ -62,11 +61,3 @@ void map_black_and_white(mapping_context& context);
 void map_split_toning(mapping_context& context);
 void map_colour_corrections(mapping_context& context);
 void map_detail_and_effects(mapping_context& context);
-
-// The settings keys each group reads for a preset with these flags, next to
-// the group's own key constants so the listing follows the mapping.
-void add_frame_keys(QSet<QString>& keys);
-void add_white_balance_tone_keys(const preset_settings& settings, const mapping_flags& flags, QSet<QString>& keys);
-void add_black_and_white_keys(const mapping_flags& flags, QSet<QString>& keys);
-void add_colour_keys(const preset_settings& settings, QSet<QString>& keys);
-void add_detail_and_effects_keys(QSet<QString>& keys);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writer/setting_values.h"
+#include "color/conversion_log.h"
 
 #include <QDebug>
 #include <algorithm>
@@ -15,10 +16,10 @@ constexpr float level_max = 255.0f;
 
 } // namespace
 
-bool read_number(const preset_settings& settings, const QString& key, float& value)
+bool read_number(const settings_view& settings, const QString& key, float& value)
 {
-    const auto found = settings.constFind(key);
-    if (found == settings.constEnd())
+    const QString* found = settings.find(key);
+    if (found == nullptr)
         return false;
     bool ok = false;
     const float converted = found->toFloat(&ok);
@@ -30,7 +31,7 @@ bool read_number(const preset_settings& settings, const QString& key, float& val
     return true;
 }
 
-float number_or_zero(const preset_settings& settings, const QString& key)
+float number_or_zero(const settings_view& settings, const QString& key)
 {
     float value = 0.0f;
     return read_number(settings, key, value) ? value : 0.0f;
@@ -66,7 +67,7 @@ int truncate_to_int(float value)
     return static_cast<int>(value);
 }
 
-void map_setting(const preset_settings& settings, costyle_entries& entries, const QString& preset_key,
+void map_setting(const settings_view& settings, costyle_entries& entries, const QString& preset_key,
                  const QString& style_key, float in_min, float in_max, float out_min, float out_max)
 {
     float v = 0.0f;
@@ -76,7 +77,7 @@ void map_setting(const preset_settings& settings, costyle_entries& entries, cons
     entries.insert(style_key, six_decimals(map_two_ranges(v, in_min, in_max, out_min, out_max)));
 }
 
-void copy_setting(const preset_settings& settings, costyle_entries& entries, const QString& preset_key,
+void copy_setting(const settings_view& settings, costyle_entries& entries, const QString& preset_key,
                   const QString& style_key)
 {
     float v = 0.0f;
@@ -85,7 +86,7 @@ void copy_setting(const preset_settings& settings, costyle_entries& entries, con
     entries.insert(style_key, six_decimals(v));
 }
 
-void read_hsl_adjustments(const preset_settings& settings, bool& found, QString& colour, float& hue,
+void read_hsl_adjustments(const settings_view& settings, bool& found, QString& colour, float& hue,
                           float& saturation, float& luminance)
 {
     // An empty name ends up as a single null character, which matches no key.
@@ -115,7 +116,7 @@ void set_curve_entry(costyle_entries& entries, const QString& key, const curve_p
     QString text;
     for (const QPoint& p : curve) {
         if (p.x() < 0 || p.x() > 255 || p.y() < 0 || p.y() > 255)
-            qWarning() << "point" << p << "is out of range and will be clamped!";
+            qCWarning(conversion_log) << "point" << p << "is out of range and will be clamped!";
         const float x = std::clamp(static_cast<float>(p.x()) / level_max, 0.0f, 1.0f);
         const float y = std::clamp(static_cast<float>(p.y()) / level_max, 0.0f, 1.0f);
         text += QStringLiteral("%1,%2;").arg(x, 0, 'f', entry_decimals).arg(y, 0, 'f', entry_decimals);

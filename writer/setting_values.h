@@ -9,14 +9,15 @@
 
 #include "color/curve_types.h"
 #include "writer/costyle_entries.h"
+#include "writer/settings_view.h"
 
 #include <QString>
 
 // True when the key is present and its text is a number; value is set then.
-bool read_number(const preset_settings& settings, const QString& key, float& value);
+bool read_number(const settings_view& settings, const QString& key, float& value);
 
 // The value as a number; absent or not a number gives 0.
-float number_or_zero(const preset_settings& settings, const QString& key);
+float number_or_zero(const settings_view& settings, const QString& key);
 
 // Fixed notation with six decimals, the style's usual number form.
 QString six_decimals(float value);
@@ -37,16 +38,16 @@ int truncate_to_int(float value);
 
 // Clamps a numeric preset value to [in_min, in_max] and maps each half onto
 // its own output range with zero fixed; writes six decimals under style_key.
-void map_setting(const preset_settings& settings, costyle_entries& entries, const QString& preset_key,
+void map_setting(const settings_view& settings, costyle_entries& entries, const QString& preset_key,
                  const QString& style_key, float in_min, float in_max, float out_min, float out_max);
 
 // Copies a numeric preset value unchanged, with six decimals.
-void copy_setting(const preset_settings& settings, costyle_entries& entries, const QString& preset_key,
+void copy_setting(const settings_view& settings, costyle_entries& entries, const QString& preset_key,
                   const QString& style_key);
 
 // Reads HueAdjustment<Colour>, SaturationAdjustment<Colour>, LuminanceAdjustment<Colour>.
 // Upper-cases the first character of colour in place; sets found when any is numeric.
-void read_hsl_adjustments(const preset_settings& settings, bool& found, QString& colour, float& hue,
+void read_hsl_adjustments(const settings_view& settings, bool& found, QString& colour, float& hue,
                           float& saturation, float& luminance);
 
 // Writes a curve as style curve text ("x,y;x,y", fractions with six decimals).

@@ -4,6 +4,7 @@
 // All arithmetic is single precision, operation by operation as written.
 
 #include "writer/mapping_context.h"
+#include "color/conversion_log.h"
 #include "writer/setting_values.h"
 
 #include "color/tint_shift.h"
@@ -91,7 +92,7 @@ float tint_shift_for(const mapping_context& context, float kelvin)
         break;
     }
     // Adobe RGB and unknown names get no tint correction.
-    qWarning("get_tint_shift: Unknown color space: %s. Not ofsetting.", qUtf8Printable(context.colour_space));
+    qCWarning(conversion_log, "get_tint_shift: Unknown color space: %s. Not ofsetting.", qUtf8Printable(context.colour_space));
     return 0.0f;
 }
 
@@ -99,7 +100,7 @@ float tint_shift_for(const mapping_context& context, float kelvin)
 
 void map_white_balance(mapping_context& context)
 {
-    const preset_settings& settings = context.settings;
+    const settings_view& settings = context.settings;
     costyle_entries& entries = context.entries;
     bool temperature_written = false;
     bool tint_written = false;
@@ -141,7 +142,7 @@ void map_white_balance(mapping_context& context)
 
 void map_process_2010_tone(mapping_context& context)
 {
-    const preset_settings& settings = context.settings;
+    const settings_view& settings = context.settings;
     costyle_entries& entries = context.entries;
 
     // The crossing of Brightness and Exposure, the lopsided contrast output and
@@ -164,7 +165,7 @@ void map_process_2010_tone(mapping_context& context)
 
 void map_process_2012_tone(mapping_context& context)
 {
-    const preset_settings& settings = context.settings;
+    const settings_view& settings = context.settings;
     costyle_entries& entries = context.entries;
 
     map_setting(settings, entries, key::exposure_2012, QStringLiteral("Exposure"), -3.5f, 3.5f, -4.0f, 4.0f);
@@ -258,25 +259,3 @@ void map_saturation(mapping_context& context)
     copy_setting(context.settings, context.entries, key::saturation, QStringLiteral("Saturation"));
 }
 
-void add_white_balance_tone_keys(const preset_settings& settings, const mapping_flags& flags, QSet<QString>& keys)
-{
-    // The fallback sources are consulted under the same tests as above.
-    keys.insert(key::temperature);
-    if (!settings.contains(key::temperature))
-        keys.insert(key::incremental_temperature);
-    keys.insert(key::tint);
-    float tint = 0.0f;
-    if (!read_number(settings, key::tint, tint))
-        keys.insert(key::incremental_tint);
-
-    if (flags.process_2010) {
-        for (const QString* k : {&key::brightness, &key::contrast, &key::exposure, &key::fill_light,
-                                 &key::highlight_recovery, &key::shadows})
-            keys.insert(*k);
-    }
-    for (const QString* k : {&key::exposure_2012, &key::contrast_2012, &key::shadows_2012, &key::highlights_2012,
-                             &key::blacks_2012, &key::whites_2012})
-        keys.insert(*k);
-    keys.insert(flags.process_2010 ? key::clarity : key::clarity_2012);
-    keys.insert(key::saturation);
-}

@@ -14,16 +14,17 @@ TEST(setting_values, map_setting_clamps_and_scales_each_half_and_copy_setting_co
         {"0", "0.000000"},     {"+20", "5.000000"},    {"abc", nullptr}, {"", nullptr}, {"nan", nullptr}};
     for (const auto& [value, expected] : cases) {
         costyle_entries entries{{"Contrast", "old"}};
-        map_setting({{"Contrast", value}}, entries, "Contrast", "Contrast", -100, 100, -50, 25);
+        const preset_settings settings{{"Contrast", value}};
+        map_setting(settings_view(settings), entries, "Contrast", "Contrast", -100, 100, -50, 25);
         EXPECT_EQ(entries.value("Contrast"), expected ? expected : "old") << value;
     }
     costyle_entries entries;
-    map_setting({}, entries, "Exposure2012", "Exposure", -5, 5, -4, 4);
+    map_setting(settings_view(preset_settings()), entries, "Exposure2012", "Exposure", -5, 5, -4, 4);
     EXPECT_TRUE(entries.isEmpty());
 
     const preset_settings settings{{"Vibrance", "+12"}, {"Clarity", "0.35"}, {"Name", "Warm"}};
     for (const char* key : {"Vibrance", "Clarity", "Name", "Absent"})
-        copy_setting(settings, entries, key, key);
+        copy_setting(settings_view(settings), entries, key, key);
     EXPECT_EQ(entries, (costyle_entries{{"Vibrance", "12.000000"}, {"Clarity", "0.350000"}}));
 }
 
@@ -45,7 +46,7 @@ TEST(setting_values, read_hsl_adjustments_reads_three_keys_of_the_capitalised_co
         bool found = c.found_before;
         QString colour = c.colour;
         float hue = -1, saturation = -1, luminance = -1;
-        read_hsl_adjustments(settings, found, colour, hue, saturation, luminance);
+        read_hsl_adjustments(settings_view(settings), found, colour, hue, saturation, luminance);
         EXPECT_EQ(std::make_tuple(colour, found, hue, saturation, luminance),
                   std::make_tuple(c.capitalised, c.found, c.hue, c.saturation, c.luminance)) << c.colour;
     }
