@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every real preset of the corpus, converted for each colour space and
+// inspected, against the digests of what an earlier, checked build wrote:
+// one golden record of every style, report and message. After a deliberate
+// change of the output, run this test with STYLEWRIGHT_UPDATE_GOLDEN=1 to
+// write the table again, and read the diff of the styles it names.
+#include "cli_runner.h"
+#include "support/test_support.h"
+
+#include <QCryptographicHash>
+#include <QDirIterator>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString golden_path = QStringLiteral(STYLEWRIGHT_TEST_DATA_DIR "/corpus_golden.tsv");
+
+QByteArray digest(const QByteArray& data)
+{
+    return QCryptographicHash::hash(data, QCryptographicHash::Sha1).toHex();
+}
+
+// Key -> digest, in key order.
+using digests = QMap<QString, QByteArray>;
+
+digests read_golden()
+{
+    digests golden;
+    QFile file(golden_path);
+    if (!file.open(QIODevice::ReadOnly))
+        return golden;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const QList<QByteArray> fields = line.split('\t');
+        if (fields.size() == 2)
+            golden.insert(QString::fromUtf8(fields[0]), fields[1]);
+    }
+    return golden;
+}
+
+} // namespace
+
+TEST(corpus_golden, every_style_report_and_message_is_as_recorded)
+{
+    const QString corpus = test_support::corpus_dir();
+    if (corpus.isEmpty())
+        GTEST_SKIP() << "corpus folder absent";
+    // Messages name the files by the path given, which differs per machine.
+    const auto machine_free = [&corpus](QByteArray text) { return text.replace(corpus.toUtf8(), "corpus"); };
+    QTemporaryDir work;
+    work.setAutoRemove(false); // kept on a failure, to look at
+    digests actual;
+
+    // A fresh identity per style is the one thing that differs between runs.
+    const QRegularExpression uuid(QStringLiteral("<E K=\"UUID\"[^>]*>"));
+    for (const char* space : {"raw", "adobe", "srgb", "prophoto", "widegamut"}) {
+        const QString out = work.filePath(QString::fromLatin1(space));
+        const process_result run =
+            run_cli({QStringLiteral("-c"), QString::fromLatin1(space), QStringLiteral("-o"), out, corpus}, work.path());
+        ASSERT_TRUE(run.finished);
+        actual.insert(QStringLiteral("%1 messages").arg(space),
+                      digest(machine_free(run.err) + "exit " + QByteArray::number(run.exit_code)));
+        for (QDirIterator it(out, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+            QFile style(it.next());
+            ASSERT_TRUE(style.open(QIODevice::ReadOnly));
+            actual.insert(QStringLiteral("%1 %2").arg(space, QDir(out).relativeFilePath(it.filePath())),
+                          digest(QString::fromUtf8(style.readAll()).remove(uuid).toUtf8()));
+        }
+    }
+    const process_result inspected = run_cli({QStringLiteral("--inspect"), corpus}, work.path());
+    actual.insert(QStringLiteral("inspect messages"), digest(machine_free(inspected.err)));
+    for (const QJsonValue report : QJsonDocument::fromJson(inspected.out).array()) {
+        QJsonObject object = report.toObject();
+        const QString file = QDir(corpus).relativeFilePath(object.value(QStringLiteral("file")).toString());
+        object.insert(QStringLiteral("file"), file);
+        actual.insert(QStringLiteral("inspect ") + file, digest(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+    }
+
+    if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
+        QFile file(golden_path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        for (auto it = actual.cbegin(); it != actual.cend(); ++it)
+            file.write(it.key().toUtf8() + '\t' + it.value() + '\n');
+        GTEST_SKIP() << "golden table written";
+    }
+    const digests golden = read_golden();
+    QStringList differing;
+    for (auto it = golden.cbegin(); it != golden.cend(); ++it) {
+        if (actual.value(it.key()) != it.value())
+            differing << it.key();
+    }
+    for (auto it = actual.cbegin(); it != actual.cend(); ++it) {
+        if (!golden.contains(it.key()))
+            differing << it.key() + QStringLiteral(" (new)");
+    }
+    EXPECT_GT(golden.size(), 500);
+    EXPECT_TRUE(differing.isEmpty()) << "differ from the record (outputs kept in " << work.path().toStdString()
+                                     << "):\n" << differing.join(QLatin1Char('\n')).toStdString();
+    if (differing.isEmpty())
+        work.setAutoRemove(true);
+}
