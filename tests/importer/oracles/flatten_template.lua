@@ -1,198 +1,82 @@
 -- SPDX-License-Identifier: GPL-3.0-or-later
--- Loads a Lightroom template with the real Lua 5.4 interpreter and prints what
--- the program's nested-template reader should store for it, so that a test can
--- compare the two. Usage: lua5.4 flatten_template.lua FILE
---
--- Output, one record per line, fields separated by tabs; tabs, line breaks and
--- backslashes inside keys and values are written as \t, \n, \r and \\:
---   S key value            a string
---   N key tostring %.17g   a number (tostring, then the exact double)
---   B key true|false       a boolean
---   C curve x,y;x,y        a point curve (tone_curve, tone_curve_red, ...)
---   K key                  a key (or curve) stored from more than one place with
---                          different values: which one wins depends on the
---                          order in the file, which Lua does not keep
---   E message              the reader must reject the file (with this message
---                          when it is not "syntax")
--- A file Lua itself cannot load or run exits with status 2 and the reason on
--- standard error.
---
--- Lua forgets the order in which a table was written, so tables are walked
--- with their keys in byte order (the order Lightroom writes them in); within
--- one table a repeated key has already been resolved by Lua, later one
--- winning, as in the reader.
-
-local path = arg[1]
-if not path then
-    io.stderr:write("usage: lua5.4 flatten_template.lua FILE\n")
-    os.exit(2)
-end
-
--- No library functions in the template's environment: a template is data, and
--- a file that calls something is not one the reader can take either.
-local env = {}
-local chunk, load_error = loadfile(path, "t", env)
-if not chunk then
-    io.stderr:write(load_error, "\n")
-    os.exit(2)
-end
-local ran, run_error = pcall(chunk)
+-- Loads a Lightroom template with Lua 5.4 and prints what the program's
+-- template reader should store for it: usage lua5.4 flatten_template.lua FILE
+--   S <tab> key <tab> value      a setting; numbers (and number texts) as %.17g
+--   C <tab> curve <tab> x,y;x,y  a point curve
+--   E <tab> message              the reader must reject the file ("syntax":
+--                                with any syntax message)
+-- Tabs, line breaks and backslashes in texts are written as \t, \n, \r, \\.
+-- Exit status 2, with Lua's reason, when Lua itself cannot load or run it.
+-- Lua forgets the order of a table, so keys are walked in byte order (the
+-- order Lightroom writes them in).
+local env = {} -- no functions: a template is data
+local chunk, failure = loadfile(arg[1], "t", env)
+local ran = chunk and pcall(chunk)
 if not ran then
-    io.stderr:write(tostring(run_error), "\n")
+    io.stderr:write(tostring(failure), "\n")
     os.exit(2)
 end
 
 local function escape(text)
     return (text:gsub("[\\\t\n\r]", { ["\\"] = "\\\\", ["\t"] = "\\t", ["\n"] = "\\n", ["\r"] = "\\r" }))
 end
-
-local curve_fields = {
-    ToneCurve = "tone_curve",
-    ToneCurvePV2012 = "tone_curve",
-    ToneCurvePV2012Red = "tone_curve_red",
-    ToneCurvePV2012Green = "tone_curve_green",
-    ToneCurvePV2012Blue = "tone_curve_blue",
-}
-
-local INT_MIN, INT_MAX = -2147483648, 2147483647
-
-local settings = {}      -- key -> { kind, text... }
-local stored_from = {}   -- key -> true once a different value replaced an earlier one
-local curves = {}        -- field -> list of points
-local curve_order = {}
-local rejected = nil
-
-local function reject(message)
-    rejected = rejected or message
+local function shown(value)
+    local number = tonumber(value)
+    return number and string.format("%.17g", number) or escape(tostring(value))
 end
 
-local function sorted_keys(t)
-    local keys = {}
-    for k in pairs(t) do
-        if type(k) ~= "string" then
-            return nil
-        end
-        keys[#keys + 1] = k
-    end
-    table.sort(keys)
-    return keys
-end
+local curve_fields = { ToneCurve = "tone_curve", ToneCurvePV2012 = "tone_curve",
+    ToneCurvePV2012Red = "tone_curve_red", ToneCurvePV2012Green = "tone_curve_green",
+    ToneCurvePV2012Blue = "tone_curve_blue" }
+local lines, curves, rejected = {}, {}, nil
+local function reject(message) rejected = rejected or message end
 
-local function scalar_record(value)
-    local kind = type(value)
-    if kind == "string" then
-        return { "S", escape(value) }
-    elseif kind == "number" then
-        return { "N", tostring(value), string.format("%.17g", value) }
-    elseif kind == "boolean" then
-        return { "B", tostring(value) }
-    end
-    return nil
-end
-
-local function same_record(a, b)
-    if #a ~= #b then
-        return false
-    end
-    for i = 1, #a do
-        if a[i] ~= b[i] then
-            return false
-        end
-    end
-    return true
-end
-
-local function store(key, record)
-    local earlier = settings[key]
-    if earlier and not same_record(earlier, record) then
-        stored_from[key] = true
-    end
-    settings[key] = record
-end
-
--- A list of integers, each in the reader's int range, in pairs.
+-- A curve is a list of integer pairs within the reader's int range.
 local function read_curve(key, t)
     local count = 0
-    for _ in pairs(t) do
-        count = count + 1
-    end
-    if count ~= #t or count % 2 ~= 0 then
-        reject("syntax")
-        return
-    end
+    for _ in pairs(t) do count = count + 1 end
+    if count ~= #t or count % 2 ~= 0 then return reject("syntax") end
     local points = {}
     for i = 1, count, 2 do
-        local x, y = t[i], t[i + 1]
-        if math.type(x) ~= "integer" or math.type(y) ~= "integer"
-            or x < INT_MIN or x > INT_MAX or y < INT_MIN or y > INT_MAX then
-            reject("syntax")
-            return
+        for _, v in ipairs({ t[i], t[i + 1] }) do
+            if math.type(v) ~= "integer" or v < -2147483648 or v > 2147483647 then return reject("syntax") end
         end
-        points[#points + 1] = x .. "," .. y
+        points[#points + 1] = t[i] .. "," .. t[i + 1]
     end
-    local field = curve_fields[key]
-    if not field then
-        reject("Unsupported curve type: " .. key)
-        return
-    end
-    if not curves[field] then
-        curve_order[#curve_order + 1] = field
-    elseif table.concat(curves[field], ";") ~= table.concat(points, ";") then
-        stored_from[field] = true
-    end
-    curves[field] = points
+    if not curve_fields[key] then return reject("Unsupported curve type: " .. key) end
+    curves[curve_fields[key]] = table.concat(points, ";")
 end
 
 local function flatten(t)
-    if t[1] ~= nil and type(t[1]) == "table" then
-        return -- a list of tables (masks, gradients) is passed over unread
+    if type(t[1]) == "table" then return end -- a list of tables (masks) is passed over
+    local keys = {}
+    for k in pairs(t) do
+        if type(k) ~= "string" then return reject("syntax") end
+        keys[#keys + 1] = k
     end
-    local keys = sorted_keys(t)
-    if not keys then
-        reject("syntax") -- positional values or non-name keys
-        return
-    end
+    table.sort(keys)
     for _, key in ipairs(keys) do
         local value = t[key]
         if type(value) == "table" then
-            if key:sub(1, #"ToneCurve") == "ToneCurve" then
-                read_curve(key, value)
-            else
-                flatten(value)
-            end
+            if key:sub(1, 9) == "ToneCurve" then read_curve(key, value) else flatten(value) end
+        elseif type(value) == "function" then
+            reject("syntax")
         else
-            local record = scalar_record(value)
-            if record then
-                store(key, record)
-            else
-                reject("syntax") -- a function or other value the reader cannot hold
-            end
+            lines[escape(key)] = shown(value) -- a repeated key: the later one wins, as in the reader
         end
     end
 end
-
 flatten(env)
 
 if rejected then
-    print("E\t" .. escape(rejected))
-    os.exit(0)
+    print("E\t" .. rejected)
+    return
 end
-
-local keys = {}
-for k in pairs(settings) do
-    keys[#keys + 1] = k
+local function print_sorted(tag, map)
+    local keys = {}
+    for k in pairs(map) do keys[#keys + 1] = k end
+    table.sort(keys)
+    for _, k in ipairs(keys) do print(tag .. "\t" .. k .. "\t" .. map[k]) end
 end
-table.sort(keys)
-for _, key in ipairs(keys) do
-    print(table.concat({ settings[key][1], escape(key), table.unpack(settings[key], 2) }, "\t"))
-    if stored_from[key] then
-        print("K\t" .. escape(key))
-    end
-end
-table.sort(curve_order)
-for _, field in ipairs(curve_order) do
-    print("C\t" .. field .. "\t" .. table.concat(curves[field], ";"))
-    if stored_from[field] then
-        print("K\t" .. field)
-    end
-end
+print_sorted("S", lines)
+print_sorted("C", curves)
