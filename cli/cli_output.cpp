@@ -82,10 +82,13 @@ void install(verbosity level)
     current_level = level;
     // Disabled categories skip the formatting of their messages altogether,
     // which matters for the mapping's many debug lines in large batches.
+    // Set on every run, the verbose one too: a process may run more than one.
     if (level == verbosity::normal)
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false"));
     else if (level == verbosity::quiet)
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\n*.warning=false"));
+    else
+        QLoggingCategory::setFilterRules(QString());
     qInstallMessageHandler(handle_message);
 }
 

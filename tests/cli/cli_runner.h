@@ -27,11 +27,6 @@ enum class run_mode {
     // As the unprivileged user "nobody", so that file permissions bind even
     // when the tests run as root (as they do in CI).
     other_user,
-    // With standard output going to /dev/full, which refuses every write.
-    stdout_to_full_device,
-    // With a file-size limit of 0 (and SIGXFSZ ignored): every write of a
-    // file fails with "File too large", much like a full disk.
-    no_file_size,
 };
 
 inline QString cli_path()
@@ -50,18 +45,11 @@ inline process_result run_program(const QString& program, const QStringList& arg
     QStringList full_arguments = arguments;
     switch (mode) {
     case run_mode::plain:
-    case run_mode::stdout_to_full_device:
         break;
     case run_mode::other_user:
         executable = QStandardPaths::findExecutable(QStringLiteral("setpriv"));
         full_arguments = QStringList{QStringLiteral("--reuid=nobody"), QStringLiteral("--regid=nogroup"),
                                      QStringLiteral("--clear-groups"), program} + arguments;
-        break;
-    case run_mode::no_file_size:
-        executable = QStringLiteral("/bin/sh");
-        full_arguments = QStringList{QStringLiteral("-c"),
-                                     QStringLiteral("ulimit -f 0; trap '' XFSZ; exec \"$0\" \"$@\""), program}
-                         + arguments;
         break;
     }
     QProcess process;
@@ -72,8 +60,6 @@ inline process_result run_program(const QString& program, const QStringList& arg
     environment.insert(QStringLiteral("HOME"), folder);
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder + QStringLiteral("/.config"));
     process.setProcessEnvironment(environment);
-    if (mode == run_mode::stdout_to_full_device)
-        process.setStandardOutputFile(QStringLiteral("/dev/full"));
     process.start(executable, full_arguments);
     process_result result;
     if (!process.waitForFinished(cli_timeout_ms)) {

@@ -5,6 +5,7 @@
 // change of the output, run this test with STYLEWRIGHT_UPDATE_GOLDEN=1 to
 // write the table again, and read the diff of the styles it names.
 #include "cli_runner.h"
+#include "support/conversion_fixtures.h"
 #include "support/test_support.h"
 
 #include <QCryptographicHash>
@@ -15,6 +16,7 @@
 #include <QJsonObject>
 #include <QMap>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -59,10 +61,14 @@ TEST(corpus_golden, every_style_report_and_message_is_as_recorded)
 
     // A fresh identity per style is the one thing that differs between runs.
     const QRegularExpression uuid(QStringLiteral("<E K=\"UUID\"[^>]*>"));
+    // One preset at a time for raw, on every core for the others: the same
+    // files and the same messages either way.
     for (const char* space : {"raw", "adobe", "srgb", "prophoto", "widegamut"}) {
         const QString out = work.filePath(QString::fromLatin1(space));
-        const process_result run =
-            run_cli({QStringLiteral("-c"), QString::fromLatin1(space), QStringLiteral("-o"), out, corpus}, work.path());
+        const QString jobs = QLatin1String(space) == QLatin1String("raw") ? QStringLiteral("1") : QStringLiteral("2");
+        const process_result run = run_cli({QStringLiteral("-j"), jobs, QStringLiteral("-c"), QString::fromLatin1(space),
+                                            QStringLiteral("-o"), out, corpus},
+                                           work.path());
         ASSERT_TRUE(run.finished);
         actual.insert(QStringLiteral("%1 messages").arg(space),
                       digest(machine_free(run.err) + "exit " + QByteArray::number(run.exit_code)));
@@ -74,6 +80,28 @@ TEST(corpus_golden, every_style_report_and_message_is_as_recorded)
         }
     }
     const process_result inspected = run_cli({QStringLiteral("--inspect"), corpus}, work.path());
+    const process_result inspected_alone = run_cli({QStringLiteral("-j"), QStringLiteral("1"), QStringLiteral("--inspect"), corpus}, work.path());
+    EXPECT_EQ(inspected.out, inspected_alone.out);
+    EXPECT_EQ(inspected.err, inspected_alone.err);
+    EXPECT_EQ(actual.value(QStringLiteral("raw messages")), actual.value(QStringLiteral("srgb messages")));
+    // Packs made one preset at a time and on every core hold the same entries;
+    // unzip, which we did not write, reads the pack, and xmllint every style.
+    QStringList entries[2];
+    for (const int jobs : {1, 2}) {
+        const QString pack = work.filePath(QStringLiteral("%1/Corpus.costylepack").arg(jobs));
+        QDir(work.path()).mkdir(QString::number(jobs));
+        run_cli({QStringLiteral("-j"), QString::number(jobs), QStringLiteral("--category"), QStringLiteral("-p"), pack, corpus}, work.path());
+        entries[jobs - 1] = fixtures::zip_entries(pack);
+    }
+    EXPECT_EQ(entries[0], entries[1]);
+    EXPECT_GT(entries[0].size(), 100);
+    for (const auto& [tool, arguments] : {std::pair<const char*, QStringList>{"unzip", {QStringLiteral("-tq"), work.filePath(QStringLiteral("1/Corpus.costylepack"))}},
+                                          std::pair<const char*, QStringList>{"sh", {QStringLiteral("-c"), QStringLiteral("find raw -name '*.costyle' -print0 | xargs -0 xmllint --noout")}}}) {
+        if (QStandardPaths::findExecutable(QLatin1String(tool)).isEmpty() || QStandardPaths::findExecutable(QStringLiteral("xmllint")).isEmpty())
+            continue;
+        const process_result checked = run_program(QLatin1String(tool), arguments, work.path());
+        EXPECT_EQ(checked.exit_code, 0) << tool << ": " << checked.out.constData() << checked.err.constData();
+    }
     actual.insert(QStringLiteral("inspect messages"), digest(machine_free(inspected.err)));
     for (const QJsonValue report : QJsonDocument::fromJson(inspected.out).array()) {
         QJsonObject object = report.toObject();

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The converter as a person at a terminal meets it: every command line of
+// data/commands.txt runs in a fresh copy of data/work, and what it said and
+// what it made or changed form one transcript, which must read as
+// data/transcript.txt. After a deliberate change of the output, run with
+// STYLEWRIGHT_UPDATE_GOLDEN=1 to write the transcript again and read its diff.
+#include "cli/cli_program.h"
+#include "support/conversion_fixtures.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDirIterator>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using namespace fixtures;
+
+namespace {
+
+const QString data = QStringLiteral(STYLEWRIGHT_TEST_DATA_DIR);
+
+struct said {
+    int exit_code = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+// run_cli in this process, its standard output and error caught in files.
+said run_in_process(const QStringList& arguments, const QString& folder)
+{
+    QTemporaryFile out;
+    QTemporaryFile err;
+    if (!out.open() || !err.open())
+        return {};
+    const QString previous = QDir::currentPath();
+    QDir::setCurrent(folder);
+    std::fflush(stdout);
+    std::fflush(stderr);
+    const int saved[] = {dup(STDOUT_FILENO), dup(STDERR_FILENO)};
+    dup2(out.handle(), STDOUT_FILENO);
+    dup2(err.handle(), STDERR_FILENO);
+    said result;
+    result.exit_code = run_cli(QStringList{QStringLiteral("stylewright-cli")} + arguments);
+    std::fflush(stdout);
+    std::fflush(stderr);
+    dup2(saved[0], STDOUT_FILENO);
+    dup2(saved[1], STDERR_FILENO);
+    close(saved[0]);
+    close(saved[1]);
+    QDir::setCurrent(previous);
+    result.out = read_file(out.fileName());
+    result.err = read_file(err.fileName());
+    return result;
+}
+
+said run_in_shell(const QString& command, const QString& folder)
+{
+    QProcess shell;
+    shell.setWorkingDirectory(folder);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("CLI"), QStringLiteral(STYLEWRIGHT_CLI_PATH));
+    environment.insert(QStringLiteral("HOME"), folder);
+    shell.setProcessEnvironment(environment);
+    shell.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), command});
+    if (!shell.waitForFinished(120000))
+        return {};
+    return {shell.exitStatus() == QProcess::NormalExit ? shell.exitCode() : -1, shell.readAllStandardOutput(),
+            shell.readAllStandardError()};
+}
+
+// Relative path -> content of every file below the folder.
+QMap<QString, QByteArray> files_below(const QString& folder)
+{
+    QMap<QString, QByteArray> files;
+    for (QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories); it.hasNext();) {
+        const QString path = it.next();
+        files.insert(QDir(folder).relativeFilePath(path), read_file(path));
+    }
+    return files;
+}
+
+// A style's identity changes on every run; the rest is kept.
+QByteArray masked(QByteArray text)
+{
+    static const QRegularExpression uuid(QStringLiteral("[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}"));
+    return QString::fromUtf8(text).replace(uuid, QStringLiteral("UUID")).toUtf8();
+}
+
+// One line per file made, changed or removed; a style with its name and a
+// digest of its content, a pack with its entries.
+QStringList changes(const QMap<QString, QByteArray>& before, const QString& folder)
+{
+    QStringList lines;
+    const QMap<QString, QByteArray> after = files_below(folder);
+    for (auto it = after.cbegin(); it != after.cend(); ++it) {
+        if (before.value(it.key()) == it.value() && before.contains(it.key()))
+            continue;
+        QString line = (before.contains(it.key()) ? QStringLiteral("changed ") : QStringLiteral("made ")) + it.key();
+        const QRegularExpressionMatch name = QRegularExpression(QStringLiteral("<E K=\"Name\" V=\"([^\"]*)\"")).match(QString::fromUtf8(it.value()));
+        if (it.key().endsWith(QLatin1String(".costyle")) && name.hasMatch())
+            line += QStringLiteral(" \"%1\" %2").arg(name.captured(1), QString::fromLatin1(QCryptographicHash::hash(masked(it.value()), QCryptographicHash::Sha1).toHex().left(8)));
+        if (it.key().endsWith(QLatin1String(".costylepack")))
+            line += QStringLiteral(": ") + zip_entries(QDir(folder).filePath(it.key())).join(QStringLiteral(", "));
+        lines << line;
+    }
+    for (auto it = before.cbegin(); it != before.cend(); ++it) {
+        if (!after.contains(it.key()))
+            lines << QStringLiteral("removed ") + it.key();
+    }
+    return lines;
+}
+
+// Prepares the fresh copy as a "> ..." line asks.
+void prepare(const QString& folder, const QString& line)
+{
+    const QStringList words = line.mid(2).split(QLatin1Char(' '));
+    const QString rest = line.mid(2 + words[0].size() + 1);
+    if (words[0] == QLatin1String("mkdir")) {
+        QDir(folder).mkpath(rest);
+    } else {
+        const QString from = rest.section(QStringLiteral(" => "), 0, 0);
+        const QString to = rest.section(QStringLiteral(" => "), 1);
+        const int count = words[0] == QLatin1String("copies") ? to.section(QLatin1Char(' '), -1).toInt() : 1;
+        for (int i = 0; i < count; ++i) {
+            const QString target = count > 1 ? QString::asprintf(qPrintable(to.section(QLatin1Char(' '), 0, -2)), i) : to;
+            write_file(folder, target, read_file(QDir(folder).filePath(from)));
+        }
+    }
+}
+
+QString transcript()
+{
+    QFile commands(data + QStringLiteral("/commands.txt"));
+    if (!commands.open(QIODevice::ReadOnly))
+        return QStringLiteral("no commands");
+    QStringList lines;
+    QStringList preparations;
+    for (const QString& line : QString::fromUtf8(commands.readAll()).split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1Char('>'))) {
+            preparations << line;
+            continue;
+        }
+        if (!line.startsWith(QLatin1Char('$')))
+            continue;
+        QTemporaryDir work;
+        const QMap<QString, QByteArray> template_files = files_below(data + QStringLiteral("/work"));
+        for (auto it = template_files.cbegin(); it != template_files.cend(); ++it)
+            write_file(work.path(), it.key(), it.value());
+        for (const QString& preparation : preparations)
+            prepare(work.path(), preparation);
+        preparations.clear();
+        const QMap<QString, QByteArray> before = files_below(work.path());
+        const said result = line.startsWith(QLatin1String("$sh "))
+            ? run_in_shell(line.mid(4), work.path())
+            : run_in_process(QProcess::splitCommand(line.mid(1)), work.path());
+        lines << line << QStringLiteral("exit %1").arg(result.exit_code);
+        const auto add = [&lines, &work](const char* prefix, const QByteArray& text) {
+            QString shown = QString::fromUtf8(masked(text)).replace(work.path(), QStringLiteral("WORK"));
+            // Help names the program as it was started; in-process, that is this test.
+            shown.replace(QCoreApplication::arguments().constFirst(), QStringLiteral("stylewright-cli"));
+            shown.replace(QLatin1Char('\r'), QLatin1String("\\r")).replace(QChar(0x1b), QLatin1String("\\e"));
+            // Debug lines tell the versions and the machine: only that there are some counts.
+            shown.replace(QRegularExpression(QStringLiteral("(^Debug: .*\\n)+"), QRegularExpression::MultilineOption),
+                          QStringLiteral("Debug: ...\n"));
+            for (const QString& each : shown.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+                lines << QLatin1String(prefix) + each;
+        };
+        add("out| ", result.out);
+        add("err| ", result.err);
+        lines << changes(before, work.path()) << QString();
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+TEST(transcript, every_command_says_exits_and_writes_as_recorded)
+{
+    const QString actual = transcript();
+    QFile golden(data + QStringLiteral("/transcript.txt"));
+    if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
+        ASSERT_TRUE(golden.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        golden.write(actual.toUtf8());
+        GTEST_SKIP() << "transcript written";
+    }
+    ASSERT_TRUE(golden.open(QIODevice::ReadOnly));
+    const QStringList expected = QString::fromUtf8(golden.readAll()).split(QLatin1Char('\n'));
+    const QStringList got = actual.split(QLatin1Char('\n'));
+    for (int i = 0; i < std::max(expected.size(), got.size()); ++i) {
+        if (expected.value(i) != got.value(i)) {
+            // The command the first difference belongs to, and the line itself.
+            int command = i;
+            while (command > 0 && !got.value(command).startsWith(QLatin1Char('$')))
+                --command;
+            FAIL() << "at line " << i + 1 << " (" << got.value(command).toStdString() << ")\nexpected: "
+                   << expected.value(i).toStdString() << "\n  actual: " << got.value(i).toStdString();
+        }
+    }
+}
