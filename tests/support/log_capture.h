@@ -34,6 +34,15 @@ public:
         return texts;
     }
     QStringList warnings() const { return of(QtWarningMsg); }
+    // Every line in order, its kind first ("warning: ...").
+    QStringList lines() const
+    {
+        static const char* const kinds[] = {"debug", "warning", "critical", "fatal", "info"};
+        QStringList texts;
+        for (const auto& [type, text] : shared().messages)
+            texts << QLatin1String(kinds[type]) + QStringLiteral(": ") + text;
+        return texts;
+    }
     bool empty() const { return shared().messages.empty(); }
     bool contains(const QString& part) const
     {
