@@ -1,91 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Every question and failure of a run, as the window shows it (rich text, the
+// name escaped) and as the command line prints it (one plain line, names as
+// they are), against one record. Names and texts carry markup and "%1" so that
+// neither escaping nor argument expansion can go wrong unseen.
 #include "application/conversion_messages.h"
-#include "support/conversion_fixtures.h"
-
-#include <gtest/gtest.h>
+#include "support/golden.h"
 
 using namespace conversion_messages;
 
-template <typename message>
-QStringList shown(const message& m)
-{
-    return {m.title, m.text};
-}
-
-TEST(conversion_messages, titles_and_texts_are_exact)
+TEST(conversion_messages, every_message_reads_as_recorded)
 {
     const question_labels labels = translated_labels();
-    EXPECT_EQ((QStringList{labels.convert, labels.skip, labels.convert_all, labels.skip_all}),
-              (QStringList{"Convert", "Skip", "Convert All", "Skip All"}));
-    EXPECT_EQ(wrap_name("Warm"), "<font color=\"white\"><b>Warm</b></font>");
-    const QString warm = wrap_name("Warm");
-    const QString support = "send them a screenshot of this message and the preset file stated above to "
-                            "support@quillmark.example";
-    const std::pair<QStringList, QStringList> cases[] = {
-        {shown(white_balance_question("f", "Warm", labels)),
-         {"White balance modified by preset",
-          "Your preset " + warm + " contains values for the white balance.<br/><br/>Equal white balance values can "
-          "lead to different results in Capture One.<br/>Thus Stylewright translates the values instead of adapting "
-          "them visually.<br/>Anyway we recommend to keep the white balance settings for neutralizing the image "
-          "instead of using them for creating a look.<br/>For this reason they should not be inside a preset."}},
-        {shown(unsupported_parameters_question("f", "Warm", true, true, labels)),
-         {"Unsupported parameters in preset", "Your selected preset " + warm + " contains the following parameters, "
-          "which can't be mapped in Capture One:<br/>- LUT<br/>- Dehaze<br/><br/>These parameters will be ignored."}},
-        // One line per raised flag; a "%2" in the name stays as it is.
-        {shown(unsupported_parameters_question("f", "Look %2", false, true, labels)),
-         {"Unsupported parameters in preset", "Your selected preset " + wrap_name("Look %2") + " contains the "
-          "following parameters, which can't be mapped in Capture One:<br/>- Dehaze<br/><br/>These parameters will "
-          "be ignored."}},
-        {shown(unsupported_parameters_question("f", "Warm", true, false, labels)),
-         {"Unsupported parameters in preset", "Your selected preset " + warm + " contains the following parameters, "
-          "which can't be mapped in Capture One:<br/>- LUT<br/><br/>These parameters will be ignored."}},
-        {shown(camera_calibration_question("f", "Warm", labels)),
-         {"Camera calibration modified by preset",
-          "The preset " + warm + " contains values for the camera calibration.<br/>These settings may influence the "
-          "resulting look significantly but will not be converted to Capture One.<br/>We recommend to reserve these "
-          "parameters for the calibration of your camera and not for creating creative looks."}},
-        {shown(unsupported_format("/x/a.lrtemplate.bak")),
-         {"Unsupported preset format",
-          "Your preset " + wrap_name("a.lrtemplate.bak") + " is in a format Stylewright can't convert."}},
-        // Neither the file name nor the error text is expanded.
-        {shown(unreadable_preset("/x/a %1.xmp", "bad %1")),
-         {"Can't read preset", "Your preset " + wrap_name("a %1.xmp") + " can't be processed by Stylewright.<br/>"
-          "<br/>Please contact the Quillmark support and " + support + "<br/><br/>Error: bad %1"}},
-        // The lone "<br>" is part of the text.
-        {shown(conversion_failed("/x/Warm.xmp")),
-         {"Preset conversion failed", "The preset " + wrap_name("Warm.xmp") + " could not be converted to Capture "
-          "One format.<br>Please contact Quillmark support and " + support + "<br/><br/>"}},
-        {shown(write_failed("/x/a.xmp", "/out/a.costyle", "Disk full")),
-         {"Can't write style", "The style " + wrap_name("/out/a.costyle") + " could not be written.<br/>Disk full"}}};
-    for (const auto& [actual, expected] : cases)
-        EXPECT_EQ(actual, expected);
-    EXPECT_EQ(conversion_failed("x").kind, failure_kind::conversion_failed);
-}
-
-// The plain line of each message: the same words on one line, names and
-// texts from outside as they are, never altered by markup of their own.
-TEST(conversion_messages, plain_lines_keep_names_as_they_are)
-{
-    const question_labels labels = translated_labels();
-    const std::pair<QString, QString> cases[] = {
-        {unsupported_parameters_question("f", "<b>R&D</b>", true, true, labels).plain,
-         "Your selected preset <b>R&D</b> contains the following parameters, which can't be mapped in Capture One: "
-         "- LUT - Dehaze These parameters will be ignored."},
-        {unreadable_preset("/x/a<br>b.xmp", "line\nbreak\r\nin %1").plain,
-         "Your preset a<br>b.xmp can't be processed by Stylewright. Please contact the Quillmark support and send "
-         "them a screenshot of this message and the preset file stated above to support@quillmark.example Error: "
-         "line break in %1"},
-        {conversion_failed("/x/Warm.xmp").plain,
-         "The preset Warm.xmp could not be converted to Capture One format. Please contact Quillmark support and "
-         "send them a screenshot of this message and the preset file stated above to support@quillmark.example"},
-        {write_failed("/x/a.xmp", "/out/a&b.costyle", "Disk <full>").plain,
-         "The style /out/a&b.costyle could not be written. Disk <full>"},
-        // The box's rich text shows the same name, escaped.
-        {white_balance_question("f", "<b>R&D</b>", labels).text.section("<br/>", 0, 0),
-         "Your preset <font color=\"white\"><b>&lt;b&gt;R&amp;D&lt;/b&gt;</b></font> contains values for the white "
-         "balance."},
-        {write_failed("/x/a.xmp", "/o", "Disk <full>").text, "The style " + wrap_name("/o") +
-         " could not be written.<br/>Disk &lt;full&gt;"}};
-    for (const auto& [actual, expected] : cases)
-        EXPECT_EQ(actual, expected);
+    const QString name = QStringLiteral("Warm <b>R&D</b> %1");
+    const conversion_question questions[] = {
+        white_balance_question(QStringLiteral("f"), name, labels),
+        unsupported_parameters_question(QStringLiteral("f"), name, true, true, labels),
+        unsupported_parameters_question(QStringLiteral("f"), name, false, true, labels),
+        unsupported_parameters_question(QStringLiteral("f"), name, true, false, labels),
+        camera_calibration_question(QStringLiteral("f"), name, labels)};
+    const conversion_failure failures[] = {
+        unsupported_format(QStringLiteral("/x/a&b.lrtemplate.bak")),
+        unreadable_preset(QStringLiteral("/x/a<br>b %1.xmp"), QStringLiteral("line\nbreak\r\nin <%1>")),
+        conversion_failed(QStringLiteral("/x/Warm.xmp")),
+        write_failed(QStringLiteral("/x/a.xmp"), QStringLiteral("/out/a&b.costyle"), QStringLiteral("Disk <full>"))};
+    QStringList record{labels.convert + QLatin1Char('|') + labels.skip + QLatin1Char('|') + labels.convert_all
+                       + QLatin1Char('|') + labels.skip_all};
+    for (const conversion_question& q : questions)
+        record << QStringLiteral("== question %1").arg(int(q.kind)) << q.title << q.text << q.plain;
+    for (const conversion_failure& f : failures)
+        record << QStringLiteral("== failure %1").arg(int(f.kind)) << f.title << f.text << f.plain;
+    test_support::expect_golden(QStringLiteral(STYLEWRIGHT_TEST_DATA_DIR "/messages.golden"), record.join(QLatin1Char('\n')));
 }

@@ -4,6 +4,7 @@
 // what it made or changed form one transcript, which must read as
 // data/transcript.txt. After a deliberate change of the output, run with
 // STYLEWRIGHT_UPDATE_GOLDEN=1 to write the transcript again and read its diff.
+#include "support/golden.h"
 #include "cli/cli_program.h"
 #include "support/conversion_fixtures.h"
 
@@ -181,23 +182,5 @@ QString transcript()
 TEST(transcript, every_command_says_exits_and_writes_as_recorded)
 {
     const QString actual = transcript();
-    QFile golden(data + QStringLiteral("/transcript.txt"));
-    if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
-        ASSERT_TRUE(golden.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        golden.write(actual.toUtf8());
-        GTEST_SKIP() << "transcript written";
-    }
-    ASSERT_TRUE(golden.open(QIODevice::ReadOnly));
-    const QStringList expected = QString::fromUtf8(golden.readAll()).split(QLatin1Char('\n'));
-    const QStringList got = actual.split(QLatin1Char('\n'));
-    for (int i = 0; i < std::max(expected.size(), got.size()); ++i) {
-        if (expected.value(i) != got.value(i)) {
-            // The command the first difference belongs to, and the line itself.
-            int command = i;
-            while (command > 0 && !got.value(command).startsWith(QLatin1Char('$')))
-                --command;
-            FAIL() << "at line " << i + 1 << " (" << got.value(command).toStdString() << ")\nexpected: "
-                   << expected.value(i).toStdString() << "\n  actual: " << got.value(i).toStdString();
-        }
-    }
+    test_support::expect_golden(data + QStringLiteral("/transcript.txt"), actual);
 }

@@ -3,6 +3,7 @@
 // what it returned (with any warning it logged) must read as in
 // data/colours.golden. After a deliberate change, run with
 // STYLEWRIGHT_UPDATE_GOLDEN=1 to write the record again and read its diff.
+#include "support/golden.h"
 #include "color/c_spline.h"
 #include "color/hcl.h"
 #include "color/pixel_hsv.h"
@@ -145,17 +146,7 @@ TEST(colour_functions, every_call_returns_as_recorded)
             record << QStringLiteral("    ") + logged;
     }
     const QString actual = record.join(QLatin1Char('\n'));
-    QFile golden(data + QStringLiteral("/colours.golden"));
-    if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
-        ASSERT_TRUE(golden.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        golden.write(actual.toUtf8());
-        GTEST_SKIP() << "record written";
-    }
-    ASSERT_TRUE(golden.open(QIODevice::ReadOnly));
-    const QStringList expected = QString::fromUtf8(golden.readAll()).split(QLatin1Char('\n'));
-    const QStringList got = actual.split(QLatin1Char('\n'));
-    for (int n = 0; n < std::max(expected.size(), got.size()); ++n)
-        ASSERT_EQ(got.value(n).toStdString(), expected.value(n).toStdString());
+    test_support::expect_golden(data + QStringLiteral("/colours.golden"), actual);
 }
 
 // HCL and HSV there and back again stay within one level over the cube.

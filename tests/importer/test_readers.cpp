@@ -6,6 +6,7 @@
 // STYLEWRIGHT_UPDATE_GOLDEN=1 to write the record again and read its diff.
 // The input's suffix picks the reader: .tokens the tokenizer, .nested and
 // .dotted the two template readers, .lrtemplate and .xmp the file readers.
+#include "support/golden.h"
 #include "importer/lightroom_importer.h"
 #include "importer/lua_tokenizer.h"
 #include "importer/preset_extras.h"
@@ -107,20 +108,7 @@ TEST(readers, every_input_reads_as_recorded)
     for (const QFileInfo& file : QDir(data + QStringLiteral("/readers")).entryInfoList(QDir::Files, QDir::Name))
         record << QStringLiteral("== ") + file.fileName() << read_one(file) << QString();
     const QString actual = record.join(QLatin1Char('\n'));
-    QFile golden(data + QStringLiteral("/readers.golden"));
-    if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
-        ASSERT_TRUE(golden.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        golden.write(actual.toUtf8());
-        GTEST_SKIP() << "record written";
-    }
-    ASSERT_TRUE(golden.open(QIODevice::ReadOnly));
-    const QStringList expected = QString::fromUtf8(golden.readAll()).split(QLatin1Char('\n'));
-    const QStringList got = actual.split(QLatin1Char('\n'));
-    for (int i = 0, input = 0; i < std::max(expected.size(), got.size()); ++i) {
-        if (got.value(i).startsWith(QLatin1String("== ")))
-            input = i;
-        ASSERT_EQ(got.value(i), expected.value(i)) << "in " << got.value(input).toStdString();
-    }
+    test_support::expect_golden(data + QStringLiteral("/readers.golden"), actual);
 }
 
 // Inputs too large for the folder: limits hold without a crash or a hang.

@@ -4,6 +4,7 @@
 // leaves out, and the style's entries in every colour space, written out as
 // text that must read as data/styles.golden. After a deliberate change, run
 // with STYLEWRIGHT_UPDATE_GOLDEN=1 to write the record again and read its diff.
+#include "support/golden.h"
 #include "importer/lightroom_importer.h"
 #include "support/log_capture.h"
 #include "writer/carried_settings.h"
@@ -97,20 +98,7 @@ TEST(styles, every_preset_converts_as_recorded)
     for (const QFileInfo& file : QDir(data + QStringLiteral("/presets")).entryInfoList(QDir::Files, QDir::Name))
         record << QStringLiteral("== ") + file.fileName() << describe(read(file.filePath())) << QString();
     const QString actual = record.join(QLatin1Char('\n'));
-    QFile golden(data + QStringLiteral("/styles.golden"));
-    if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
-        ASSERT_TRUE(golden.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        golden.write(actual.toUtf8());
-        GTEST_SKIP() << "record written";
-    }
-    ASSERT_TRUE(golden.open(QIODevice::ReadOnly));
-    const QStringList expected = QString::fromUtf8(golden.readAll()).split(QLatin1Char('\n'));
-    const QStringList got = actual.split(QLatin1Char('\n'));
-    for (int i = 0, preset = 0; i < std::max(expected.size(), got.size()); ++i) {
-        if (got.value(i).startsWith(QLatin1String("== ")))
-            preset = i;
-        ASSERT_EQ(got.value(i).toStdString(), expected.value(i).toStdString()) << "in " << got.value(preset).toStdString();
-    }
+    test_support::expect_golden(data + QStringLiteral("/styles.golden"), actual);
 }
 
 // The document itself: its exact form, names escaped, a fresh identity each

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFile>
+#include <QString>
+#include <QStringList>
+#include <gtest/gtest.h>
+
+namespace test_support {
+
+// Compares a test's whole output with its recorded file and names the first
+// line that differs, under the last heading ("== ..." or "$ ...") above it.
+// With STYLEWRIGHT_UPDATE_GOLDEN set, writes the file anew instead: after a
+// deliberate change, read its diff before committing it.
+inline void expect_golden(const QString& path, const QString& actual)
+{
+    QFile golden(path);
+    if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
+        ASSERT_TRUE(golden.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        golden.write(actual.toUtf8());
+        GTEST_SKIP() << "recorded anew: " << path.toStdString();
+    }
+    ASSERT_TRUE(golden.open(QIODevice::ReadOnly)) << path.toStdString();
+    const QStringList expected = QString::fromUtf8(golden.readAll()).split(QLatin1Char('\n'));
+    const QStringList got = actual.split(QLatin1Char('\n'));
+    for (int i = 0, heading = 0; i < std::max(expected.size(), got.size()); ++i) {
+        if (got.value(i).startsWith(QLatin1String("== ")) || got.value(i).startsWith(QLatin1Char('$')))
+            heading = i;
+        ASSERT_EQ(got.value(i).toStdString(), expected.value(i).toStdString())
+            << "line " << i + 1 << " of " << path.toStdString() << ", under " << got.value(heading).toStdString();
+    }
+}
+
+} // namespace test_support
