@@ -528,7 +528,7 @@ void test_window::dropped_files_and_folders_start_a_run()
 void test_window::progress_dialog_cancel_stops_after_the_current_preset()
 {
     session person;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 600; ++i) {
         person.chosen << QStringLiteral("many/%1.xmp").arg(i, 3, 10, QLatin1Char('0'));
         write_file(input + QLatin1Char('/') + person.chosen.last(), xmp(QStringLiteral("Plain")));
     }
@@ -536,13 +536,13 @@ void test_window::progress_dialog_cancel_stops_after_the_current_preset()
     person.cancel_progress = true;
     run(person);
 
-    // "Converting preset <n> of 200:\n<file>": the n-th preset was being
+    // "Converting preset <n> of 600:\n<file>": the n-th preset was being
     // converted when Cancel was pressed; it is the last one written.
     const QRegularExpressionMatch match =
-        QRegularExpression(QStringLiteral("^Converting preset (\\d+) of 200:\\n(\\d{3})\\.xmp$")).match(person.progress_label);
+        QRegularExpression(QStringLiteral("^Converting preset (\\d+) of 600:\\n(\\d{3})\\.xmp$")).match(person.progress_label);
     QVERIFY2(match.hasMatch(), qPrintable(person.progress_label));
     const int current = match.captured(1).toInt();
-    QVERIFY(current < 200 && match.captured(2).toInt() == current - 1);
+    QVERIFY(current < 600 && match.captured(2).toInt() == current - 1);
     QCOMPARE(files_in(output).size(), current);
     QCOMPARE(files_in(output).last(), QStringLiteral("%1.costyle").arg(current - 1, 3, 10, QLatin1Char('0')));
 }

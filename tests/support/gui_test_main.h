@@ -9,10 +9,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <functional>
-#include <map>
-#include <memory>
-#include <string>
 
 // Shared set-up of the widget tests: private XDG folders and temporary
 // folder (so no test reads or writes the user's settings or leaves files
@@ -39,15 +35,9 @@ inline void set_identity()
     set_application_identity();
 }
 
-// The test classes of a program, by name (STYLEWRIGHT_GUI_TEST_SUITE).
-inline std::map<std::string, std::function<std::unique_ptr<QObject>()>>& suites()
-{
-    static std::map<std::string, std::function<std::unique_ptr<QObject>()>> registered;
-    return registered;
-}
-
-// Runs every registered test class in the shared set-up; returns the number of failures.
-inline int run_suites(int argc, char** argv)
+// Runs a test class in the shared set-up; returns the number of failures.
+template <class test_class>
+int run(int argc, char** argv)
 {
     QTemporaryDir private_root;
     use_private_folders(private_root.path());
@@ -55,17 +45,8 @@ inline int run_suites(int argc, char** argv)
     QApplication application(argc, argv);
     // Closing a test's last window must not end anything.
     QApplication::setQuitOnLastWindowClosed(false);
-    int failures = 0;
-    for (const auto& suite : suites())
-        failures += QTest::qExec(suite.second().get(), argc, argv);
-    return failures;
-}
-
-template <class test_class>
-int run(int argc, char** argv)
-{
-    suites()[test_class::staticMetaObject.className()] = [] { return std::unique_ptr<QObject>(new test_class); };
-    return run_suites(argc, argv);
+    test_class tests;
+    return QTest::qExec(&tests, argc, argv);
 }
 
 } // namespace gui_test
@@ -75,7 +56,3 @@ int run(int argc, char** argv)
     {                                                                                                        \
         return gui_test::run<test_class>(argc, argv);                                                        \
     }
-
-#define STYLEWRIGHT_GUI_TEST_SUITE(test_class)                                                               \
-    static const bool test_class##_registered =                                                              \
-        (gui_test::suites()[#test_class] = [] { return std::unique_ptr<QObject>(new test_class); }, true);
