@@ -10,6 +10,7 @@
 #include "color/tint_shift.h"
 #include "color/tone_curve.h"
 #include "support/log_capture.h"
+#include "writer/costyle_writer.h"
 
 #include <QFile>
 #include <array>
@@ -118,6 +119,13 @@ QString call(const QString& function, const QStringList& a)
                 map[edit.section(QLatin1Char('='), 0, 0).toInt()].append(int(input));
         }
         return shown(compensate_with_rgb_curve(points(a.value(0)), points(a.value(1)), map));
+    } else if (function == QLatin1String("lookup")) {
+        static const costyle_writer writer; // the shipped tables
+        const auto table = a.value(0) == QLatin1String("srgb") ? costyle_writer::srgb
+            : a.value(0) == QLatin1String("adobe")               ? costyle_writer::adobe_rgb
+                                                                 : costyle_writer::wide_gamut_rgb;
+        const colour_entry e = writer.table(table).lookup(i(1), i(2), i(3));
+        return joined(std::array<float, 4>{e.r, e.g, e.b, e.a});
     } else if (function == QLatin1String("tint")) {
         const tint_curve curve = a.value(0) == QLatin1String("srgb") ? tint_curve::srgb
             : a.value(0) == QLatin1String("prophoto")                ? tint_curve::prophoto
