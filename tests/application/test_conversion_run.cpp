@@ -150,7 +150,7 @@ TEST(conversion_run, answers_are_remembered_by_the_rules_of_the_run)
 TEST(conversion_run, same_base_name_last_wins_and_packs_collect_in_name_order)
 {
     for (const QString format : {"separate", "stylepack_category"}) {
-        SCOPED_TRACE(format);
+        SCOPED_TRACE(format.toStdString());
         conversion_bench b;
         const conversion_result result = b.run(
             {b.preset("b.xmp", "Café"), b.preset("a.xmp", "First A"), b.preset("a.lrtemplate", "Second A")}, format);

@@ -8,13 +8,6 @@
 #include <ostream>
 #include <zip.h>
 
-// Readable Qt strings in GoogleTest's failure messages and traces.
-QT_BEGIN_NAMESPACE
-inline std::ostream& operator<<(std::ostream& os, const QString& text) { return os << text.toStdString(); }
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text << '"'; }
-inline void PrintTo(const QByteArray& bytes, std::ostream* os) { *os << '"' << bytes.toStdString() << '"'; }
-QT_END_NAMESPACE
-
 // Presets written on the fly and archives read back, for tests of whole conversions.
 namespace fixtures {
 

@@ -26,7 +26,6 @@ public:
             if (!modal || !modal->isVisible() || modal == last)
                 return;
             last = modal;
-            ++seen_count;
             seen = true;
             if (--left == 0)
                 timer.stop();
@@ -39,7 +38,6 @@ public:
     bool answered() const { return left == 0; }
 
     bool seen = false;
-    int seen_count = 0;
 
 private:
     std::function<void(QWidget*)> answer;

@@ -3,7 +3,7 @@
 // rdf:Description that exiftool reports for a corpus preset must be in the
 // record under its local name, with the same value.
 #include "importer/lightroom_importer.h"
-#include "support/quiet_log.h"
+#include "support/log_capture.h"
 #include "support/test_support.h"
 
 #include <QDir>
@@ -96,7 +96,7 @@ TEST(exiftool_oracle, every_corpus_preset_holds_the_crs_values_exiftool_reports)
         ASSERT_TRUE(reported.contains(path)) << path.toStdString() << ": exiftool has no listing for it";
         lightroom_importer record;
         {
-            const quiet_log quiet;
+            const test_support::log_capture quiet(false);
             record.read_xmp(path);
         }
         const QMap<QString, QString>& expected = reported.value(path);

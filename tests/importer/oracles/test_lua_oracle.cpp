@@ -3,7 +3,7 @@
 // template, flatten_template.lua prints what Lua makes of the file in the
 // form below, and the reader's record must print the same.
 #include "importer/lightroom_importer.h"
-#include "support/quiet_log.h"
+#include "support/log_capture.h"
 #include "support/test_support.h"
 
 #include <QDir>
@@ -36,7 +36,7 @@ QStringList reader_lines(const QString& path)
 {
     lightroom_importer record;
     try {
-        const quiet_log quiet;
+        const test_support::log_capture quiet(false);
         record.read_lrpreset(path);
     } catch (const std::runtime_error& e) {
         return {QStringLiteral("E\t") + QString::fromUtf8(e.what())};
