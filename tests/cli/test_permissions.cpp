@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the file system refuses: a preset that cannot be read, an output
-// folder that cannot be written, a full disk. Each run must say why, exit 1
-// and leave the earlier style of the output folder as it was. As root,
-// permissions bind only for another user, and only root can mount a small
-// file system, so these need a machine where the case can be shown.
+// What the file system refuses: a preset that cannot be read, an output folder
+// that cannot be written, a full disk. Each run says why, exits 1 and leaves
+// the earlier style as it was. As root, permissions bind only for another
+// user, and only root can mount a small file system: a case that this machine
+// cannot show is skipped.
 #include "cli_runner.h"
 #include "support/conversion_fixtures.h"
 
