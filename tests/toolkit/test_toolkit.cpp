@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The toolkit's widgets and services: message boxes, the language, help, the
-// log handler and the crash handler, and the information box.
+// crash handler and the information box.
 #include "support/gui_test_main.h"
 #include "support/modal_answer.h"
 #include "support/url_catcher.h"
@@ -27,8 +27,6 @@
 
 #include <csignal>
 #include <cstring>
-#include <iostream>
-#include <sstream>
 
 namespace {
 
@@ -264,34 +262,6 @@ private slots:
         QVERIFY(tip->geometry().bottom() < link->mapToGlobal(QPoint(0, 0)).y());
         for (QAbstractButton* button : box.findChild<QDialogButtonBox*>()->buttons())
             QVERIFY(!tip->geometry().intersects(QRect(button->mapToGlobal(QPoint(0, 0)), button->size())));
-    }
-
-    void each_log_level_has_its_line_and_stream_data()
-    {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<bool>("with_context");
-        QTest::addColumn<QString>("line");
-        // Release builds log without a source position.
-        QTest::newRow("debug") << int(QtDebugMsg) << true << "Debug: über (main_window.cpp:42, void f())";
-        QTest::newRow("info") << int(QtInfoMsg) << false << "Info: über";
-        QTest::newRow("critical") << int(QtCriticalMsg) << false << "Critical: über";
-    }
-    void each_log_level_has_its_line_and_stream()
-    {
-        QFETCH(int, level);
-        QFETCH(bool, with_context);
-        QFETCH(QString, line);
-        const QMessageLogContext position("main_window.cpp", 42, "void f()", "default");
-        QCOMPARE(vel::format_log_line(QtMsgType(level), position, "über", with_context), line);
-        std::stringstream output, error;
-        std::streambuf* const saved[] = {std::cout.rdbuf(output.rdbuf()), std::cerr.rdbuf(error.rdbuf())};
-        vel::install_qt_message_handler(true, with_context);
-        qt_message_output(QtMsgType(level), position, "über");
-        std::cout.rdbuf(saved[0]);
-        std::cerr.rdbuf(saved[1]);
-        const bool to_error = level == QtCriticalMsg;
-        QCOMPARE(QString::fromStdString((to_error ? error : output).str()), line + '\n');
-        QVERIFY((to_error ? output : error).str().empty());
     }
 
     void fatal_signal_prints_its_name_and_a_stack_trace_data()
