@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "writer/carried_settings.h"
-#include "writer/colour_space.h"
 #include "writer/costyle_writer.h"
 
 #include "color/conversion_log.h"
@@ -60,11 +59,8 @@ const QSet<QString>& bookkeeping_keys()
 
 QSet<QString> keys_a_conversion_reads(const lightroom_importer& preset)
 {
-    // Which keys are read depends on the settings, not on the colour space.
     const silent_conversion_log silent;
-    QSet<QString> read;
-    (void)costyle_writer().style_entries(preset, colour_space_name(colour_space::raw), &read);
-    return read;
+    return costyle_writer().settings_read(preset);
 }
 
 QStringList not_carried_over(const lightroom_importer& preset, const QSet<QString>& read)

@@ -27,9 +27,9 @@ public:
     // keys_read, every settings key the conversion looked up is added to it.
     bool create_costyle(const lightroom_importer& preset, QString& out, const QString& colour_space,
                         QSet<QString>* keys_read = nullptr) const;
-    // The same style as its table of entries, without the document.
-    costyle_entries style_entries(const lightroom_importer& preset, const QString& colour_space,
-                                  QSet<QString>* keys_read = nullptr) const;
+    // The settings keys a conversion of the preset looks up (the same for
+    // every colour space), learnt without making the style.
+    QSet<QString> settings_read(const lightroom_importer& preset) const;
 
     // Raises the flags for what needs the user's attention. white_balance, dehaze
     // and lut are always assigned; camera_calibration is only ever raised.
@@ -39,5 +39,8 @@ public:
     const colour_table& table(table_index index) const { return (*tables_)[index]; }
 
 private:
+    costyle_entries map_settings(const lightroom_importer& preset, const QString& colour_space,
+                                 QSet<QString>* keys_read, bool with_point_curves) const;
+
     const table_set* tables_;
 };

@@ -108,12 +108,23 @@ mapping_flags read_mapping_flags(const settings_view& settings)
 bool costyle_writer::create_costyle(const lightroom_importer& preset, QString& out, const QString& colour_space,
                                     QSet<QString>* keys_read) const
 {
-    write_document(style_entries(preset, colour_space, keys_read), out);
+    costyle_entries entries = map_settings(preset, colour_space, keys_read, true);
+    // A fresh identity on every call: converting twice gives two styles.
+    entries.insert(QStringLiteral("UUID"), new_style_uuid());
+    write_document(entries, out);
     return true;
 }
 
-costyle_entries costyle_writer::style_entries(const lightroom_importer& preset, const QString& colour_space,
-                                              QSet<QString>* keys_read) const
+QSet<QString> costyle_writer::settings_read(const lightroom_importer& preset) const
+{
+    QSet<QString> keys_read;
+    // Which keys are read depends on the settings, not on the colour space.
+    (void)map_settings(preset, colour_space_name(colour_space::raw), &keys_read, false);
+    return keys_read;
+}
+
+costyle_entries costyle_writer::map_settings(const lightroom_importer& preset, const QString& colour_space,
+                                             QSet<QString>* keys_read, bool with_point_curves) const
 {
     costyle_entries entries;
     const settings_view settings(preset.settings, keys_read);
@@ -124,8 +135,6 @@ costyle_entries costyle_writer::style_entries(const lightroom_importer& preset, 
     // Every style carries a name, even an empty one.
     entries.insert(QStringLiteral("Name"),
                    preset.name.isEmpty() ? settings.value(about_key) : preset.name);
-    // A fresh identity on every call: converting twice gives two styles.
-    entries.insert(QStringLiteral("UUID"), new_style_uuid());
 
     mapping_context context{preset, settings, entries, active_table, colour_space, space, flags};
 
@@ -137,7 +146,10 @@ costyle_entries costyle_writer::style_entries(const lightroom_importer& preset, 
     map_process_2012_tone(context);
     map_clarity(context);
     map_saturation(context);
-    map_point_curves(context);
+    // The point curves come from the record, not from its settings: a pass
+    // that only learns which settings are read skips their rastering.
+    if (with_point_curves)
+        map_point_curves(context);
     if (flags.grayscale)
         map_black_and_white(context);
     map_split_toning(context);
