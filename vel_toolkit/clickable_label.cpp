@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "vel_toolkit/clickable_label.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 
 namespace vel {
 
@@ -26,6 +29,23 @@ void clickable_label::mouseReleaseEvent(QMouseEvent* event)
     QLabel::mouseReleaseEvent(event);
     if (click)
         emit clicked();
+}
+
+bool clickable_label::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || toolTip().isEmpty())
+        return QLabel::event(event);
+    // Qt puts a tip below the pointer, where it would cover what follows the
+    // label (in the information box, its buttons); this one goes above.
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTip(), this, rect());
+    for (QWidget* tip : QApplication::topLevelWidgets()) {
+        if (tip->isVisible() && tip->inherits("QTipLabel")) {
+            constexpr int gap = 4;
+            const QPoint top = mapToGlobal(QPoint(0, 0));
+            tip->move(tip->x(), top.y() - tip->height() - gap);
+        }
+    }
+    return true;
 }
 
 } // namespace vel

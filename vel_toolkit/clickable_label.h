@@ -17,6 +17,8 @@ signals:
     void clicked();
 
 protected:
+    // Its tool tip shows above the label.
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
