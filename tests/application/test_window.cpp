@@ -272,17 +272,13 @@ void test_window::choices_are_shown_as_stored_and_one_change_stores_all_data()
     QTest::addColumn<QString>("shown");
     const QString pack_category = QStringLiteral("Stylepack with Category");
     QTest::newRow("no format") << 0 << QString() << "Separate Styles";
-    QTest::newRow("separate") << 0 << "separate" << "Separate Styles";
     QTest::newRow("stylepack") << 0 << "stylepack" << "Stylepack";
     QTest::newRow("stylepack_category") << 0 << "stylepack_category" << pack_category;
     // Any other format shows as the category pack, case differences included.
     QTest::newRow("SEPARATE") << 0 << "SEPARATE" << pack_category;
     QTest::newRow("unknown format") << 0 << "zip" << pack_category;
     QTest::newRow("no colour space") << 1 << QString() << "RAW";
-    QTest::newRow("adobe") << 1 << "adobe" << "JPG/TIF/etc. Adobe RGB";
     QTest::newRow("srgb") << 1 << "srgb" << "JPG/TIF/etc. sRGB";
-    QTest::newRow("prophoto") << 1 << "prophoto" << "JPG/TIF/etc. ProPhoto RGB";
-    QTest::newRow("widegamut") << 1 << "widegamut" << "JPG/TIF/etc. Wide Gamut RGB";
     QTest::newRow("sRGB") << 1 << "sRGB" << "RAW";
     // The tests run without a German system language.
     QTest::newRow("no language") << 2 << QString() << "English";

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Every real preset of the corpus, converted for each colour space and
-// inspected, against the digests of what an earlier, checked build wrote:
-// one golden record of every style, report and message. After a deliberate
-// change of the output, run this test with STYLEWRIGHT_UPDATE_GOLDEN=1 to
-// write the table again, and read the diff of the styles it names.
+// Every real preset of the corpus, converted for each colour space and inspected, against the
+// digests of what an earlier, checked build wrote: one golden record of every style, report and
+// message.
 #include "cli_runner.h"
 #include "support/conversion_fixtures.h"
 #include "support/golden.h"

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The converter as a person at a terminal meets it: every command line of
-// data/commands.txt runs in a fresh copy of data/work, and what it said and
-// what it made or changed form one transcript, which must read as
-// data/transcript.txt. After a deliberate change of the output, run with
-// STYLEWRIGHT_UPDATE_GOLDEN=1 to write the transcript again and read its diff.
+// The converter as a person at a terminal meets it: every command line of data/commands.txt runs in
+// a fresh copy of data/work, and what it said and what it made or changed form one transcript,
+// which must read as data/transcript.txt.
 #include "support/golden.h"
 #include "cli/cli_program.h"
 #include "support/conversion_fixtures.h"

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The colour functions over the calls listed in data/cases.txt: each call and
-// what it returned (with any warning it logged) must read as in
-// data/colours.golden. After a deliberate change, run with
-// STYLEWRIGHT_UPDATE_GOLDEN=1 to write the record again and read its diff.
+// The colour functions over the calls listed in data/cases.txt: each call and what it returned
+// (with any warning it logged) must read as in data/colours.golden.
 #include "support/golden.h"
 #include "color/c_spline.h"
 #include "color/hcl.h"

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Every reader over a folder of small inputs, good, odd and broken: what each
-// makes of a file (its tokens, or the record with its extras, or the message
-// it throws) and what it logs, written out as text that must read as
-// data/readers.golden. After a deliberate change, run with
-// STYLEWRIGHT_UPDATE_GOLDEN=1 to write the record again and read its diff.
-// The input's suffix picks the reader: .tokens the tokenizer, .nested and
-// .dotted the two template readers, .lrtemplate and .xmp the file readers.
+// Every reader over a folder of small inputs, good, odd and broken: what each makes of a file (its
+// tokens, or the record with its extras, or the message it throws) and what it logs, written out as
+// text that must read as data/readers.golden. The input's suffix picks the reader: .tokens the
+// tokenizer, .nested and .dotted the two template readers, .lrtemplate and .xmp the file readers.
 #include "support/golden.h"
 #include "importer/lightroom_importer.h"
 #include "importer/lua_tokenizer.h"

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The style writer over a folder of presets that reach every mapping group
-// and its edges: for each, the flags the check raises, the settings a style
-// leaves out, and the style's entries in every colour space, written out as
-// text that must read as data/styles.golden. After a deliberate change, run
-// with STYLEWRIGHT_UPDATE_GOLDEN=1 to write the record again and read its diff.
+// The style writer over a folder of presets that reach every mapping group and its edges: for each,
+// the flags the check raises, the settings a style leaves out, and the style's entries in every
+// colour space, written out as text that must read as data/styles.golden.
 #include "support/golden.h"
 #include "importer/lightroom_importer.h"
 #include "support/log_capture.h"
