@@ -378,21 +378,25 @@ void test_window::texts_qt_dialogs_and_help_speak_german()
     QVERIFY(button_with_tip(QStringLiteral("Show settings dialog")));
 }
 
+// A stored folder that is gone: the chooser starts in its nearest existing
+// parent with an empty name field; the folder chosen is stored and shown.
 void test_window::chosen_output_folder_is_stored_and_shown()
 {
     make_window();
+    QSettings().setValue(settings_keys::output_dir.key, output + QStringLiteral("/gone/deeper"));
     QString seen;
     const QString chosen = root->path() + QStringLiteral("/chosen");
     QDir().mkpath(chosen);
     gui_test::modal_answer answer([&](QWidget* widget) {
         auto* dialog = qobject_cast<QFileDialog*>(widget);
-        seen = dialog->windowTitle() + QLatin1Char('|') + dialog->directory().absolutePath();
+        seen = dialog->windowTitle() + QLatin1Char('|') + dialog->directory().absolutePath() + QLatin1Char('|')
+            + dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
         // Entering the folder with nothing selected in it chooses the folder itself.
         dialog->setDirectory(chosen);
         QMetaObject::invokeMethod(dialog, "accept");
     });
     button_with_tip(QStringLiteral("Select the folder where the converted Lightroom presets will be saved."))->click();
-    QCOMPARE(seen, QStringLiteral("Select output folder|") + output);
+    QCOMPARE(seen, QStringLiteral("Select output folder|%1|").arg(output));
     QCOMPARE(QSettings().value(settings_keys::output_dir.key).toString(), chosen);
     QCOMPARE(window->findChild<vel::line_edit*>()->text(), chosen);
 }
