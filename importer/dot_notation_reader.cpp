@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "importer/lightroom_importer.h"
+#include "color/conversion_log.h"
 
 #include <QDebug>
 #include <QLatin1String>
@@ -53,7 +54,7 @@ void lightroom_importer::read_dot_notation_lrpreset(const QString& text)
             const int value_length = second_equals < 0 ? -1 : second_equals - first_equals - 1;
             value = line.mid(first_equals + 1, value_length).trimmed();
         }
-        qDebug("'%s' -> '%s'", key.toUtf8().constData(), value.toUtf8().constData());
+        qCDebug(conversion_log, "'%s' -> '%s'", key.toUtf8().constData(), value.toUtf8().constData());
 
         if (value == QLatin1String("{}"))
             continue; // a table declaration, nothing to store

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "importer/lightroom_importer.h"
+#include "color/conversion_log.h"
 
 #include <QDebug>
 #include <QFile>
@@ -55,31 +56,31 @@ void read_description(lightroom_importer& record, QXmlStreamReader& reader)
             record.extras.non_develop_keys.remove(key);
         else
             record.extras.non_develop_keys.insert(key);
-        qDebug() << key << "->" << value;
+        qCDebug(conversion_log) << key << "->" << value;
     }
 
     while (reader.readNextStartElement()) {
         const QStringRef element = reader.name();
         if (element == QLatin1String("Name")) {
             record.name = lightroom_importer::get_xmp_text(reader);
-            qDebug() << "Name ->" << record.name;
+            qCDebug(conversion_log) << "Name ->" << record.name;
         } else if (element == QLatin1String("Description")) {
             record.description = lightroom_importer::get_xmp_text(reader);
-            qDebug() << "Description ->" << record.description;
+            qCDebug(conversion_log) << "Description ->" << record.description;
         } else if (element == QLatin1String("ToneCurvePV2012") || element == QLatin1String("ToneCurve")) {
             record.tone_curve = lightroom_importer::get_curve(reader);
-            qDebug() << "ToneCurvePV2012 -> " << record.tone_curve;
+            qCDebug(conversion_log) << "ToneCurvePV2012 -> " << record.tone_curve;
         } else if (element == QLatin1String("ToneCurvePV2012Red")) {
             record.tone_curve_red = lightroom_importer::get_curve(reader);
-            qDebug() << "ToneCurvePV2012Red -> " << record.tone_curve_red;
+            qCDebug(conversion_log) << "ToneCurvePV2012Red -> " << record.tone_curve_red;
         } else if (element == QLatin1String("ToneCurvePV2012Green")) {
             record.tone_curve_green = lightroom_importer::get_curve(reader);
-            qDebug() << "ToneCurvePV2012Green -> " << record.tone_curve_green;
+            qCDebug(conversion_log) << "ToneCurvePV2012Green -> " << record.tone_curve_green;
         } else if (element == QLatin1String("ToneCurvePV2012Blue")) {
             record.tone_curve_blue = lightroom_importer::get_curve(reader);
-            qDebug() << "ToneCurvePV2012Blue -> " << record.tone_curve_blue;
+            qCDebug(conversion_log) << "ToneCurvePV2012Blue -> " << record.tone_curve_blue;
         } else {
-            qDebug() << "Skipping" << element;
+            qCDebug(conversion_log) << "Skipping" << element;
             note_skipped_element(record.extras, reader);
         }
     }
