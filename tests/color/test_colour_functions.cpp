@@ -39,7 +39,7 @@ QString joined(const list& values, const char* separator = " ")
 {
     QStringList texts;
     for (const auto& value : values)
-        texts << QString::number(value, 'g', 12);
+        texts << QString::number(value, 'g', 9);
     return texts.join(QLatin1String(separator));
 }
 
@@ -78,7 +78,7 @@ QString call(const QString& function, const QStringList& a)
         std::vector<double> x = numbers(a.value(0)), y = numbers(a.value(1));
         cSpline spline(x, y);
         return QStringLiteral("status %1, segments %2, y %3")
-            .arg(spline.status()).arg(spline.has_segments()).arg(spline.getY(a.value(2).toDouble()), 0, 'g', 12);
+            .arg(spline.status()).arg(spline.has_segments()).arg(spline.getY(a.value(2).toDouble()), 0, 'g', 9);
     } else if (function == QLatin1String("draw")) {
         std::vector<double> x = numbers(a.value(0)), y = x;
         cSpline spline(x, y);
@@ -93,7 +93,7 @@ QString call(const QString& function, const QStringList& a)
     } else if (function == QLatin1String("usable")) {
         return QString::number(curve_is_usable(points(a.value(0))));
     } else if (function == QLatin1String("curve_value")) {
-        return QString::number(curve_value(points(a.value(0)), a.value(1).toDouble()), 'g', 15);
+        return QString::number(curve_value(points(a.value(0)), a.value(1).toDouble()), 'g', 9);
     } else if (function == QLatin1String("resample")) {
         return shown(resample_curve(points(a.value(0))));
     } else if (function == QLatin1String("soften")) {
