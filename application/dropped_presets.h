@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "application/preset_source.h"
+#include "conversion/preset_source.h"
 
 #include <QList>
 #include <QUrl>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/application_identity.h"
+#include "conversion/application_identity.h"
 #include "application/application_look.h"
 #include "application/main_window.h"
 #include "application/settings_keys.h"

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/main_window.h"
 
-#include "application/conversion_run.h"
+#include "conversion/conversion_run.h"
 #include "application/dialog_settings.h"
-#include "application/conversion_messages.h"
+#include "conversion/conversion_messages.h"
 #include "application/dropped_presets.h"
-#include "application/output_folder.h"
+#include "conversion/output_folder.h"
 #include "application/settings_keys.h"
-#include "application/stylepack_writer.h"
+#include "conversion/stylepack_writer.h"
 #include "application/window_conversion_shell.h"
 #include "vel_toolkit/about_dialog.h"
 #include "vel_toolkit/app_nap.h"

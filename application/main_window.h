@@ -2,7 +2,7 @@
 #pragma once
 
 #include "application/log_window.h"
-#include "application/preset_source.h"
+#include "conversion/preset_source.h"
 
 #include <QFont>
 #include <QMainWindow>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/settings_keys.h"
 
-#include "application/output_format.h"
+#include "conversion/output_format.h"
 #include "writer/colour_space.h"
 
 #include <QStandardPaths>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "application/conversion_run.h"
+#include "conversion/conversion_run.h"
 
 #include <QElapsedTimer>
 #include <QPointer>

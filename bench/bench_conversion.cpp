@@ -6,7 +6,7 @@
 // better; the aim is under 1.5 ms in a Release build). The parts are measured
 // on their own as well, to show where the time goes.
 
-#include "application/preset_reading.h"
+#include "conversion/preset_reading.h"
 #include "importer/lightroom_importer.h"
 #include "writer/costyle_writer.h"
 

@@ -12,7 +12,7 @@
 // private settings folders: the user's settings are never touched.
 
 #include "application/main_window.h"
-#include "application/preset_reading.h"
+#include "conversion/preset_reading.h"
 #include "importer/lightroom_importer.h"
 #include "vel_toolkit/qt_message_handler.h"
 #include "writer/costyle_writer.h"

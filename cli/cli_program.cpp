@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/cli_program.h"
 
-#include "application/conversion_run.h"
-#include "application/held_log.h"
-#include "application/preset_source.h"
-#include "application/stylepack_writer.h"
+#include "conversion/conversion_run.h"
+#include "conversion/held_log.h"
+#include "conversion/preset_source.h"
+#include "conversion/stylepack_writer.h"
 #include "cli/cli_options.h"
 #include "cli/cli_output.h"
 #include "cli/cli_shell.h"

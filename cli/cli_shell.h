@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "application/conversion_run.h"
+#include "conversion/conversion_run.h"
 #include "cli/cli_options.h"
 
 // Answers the run's questions from the command-line options, printing one

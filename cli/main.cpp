@@ -2,7 +2,7 @@
 // stylewright-cli: the headless converter, for batches, scripts and servers.
 // It reads and writes no stored settings: everything comes from the command line.
 
-#include "application/application_identity.h"
+#include "conversion/application_identity.h"
 #include "cli/cli_program.h"
 
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/preset_report_json.h"
 
-#include "application/conversion_messages.h"
-#include "application/preset_reading.h"
-#include "application/preset_source.h"
+#include "conversion/conversion_messages.h"
+#include "conversion/preset_reading.h"
+#include "conversion/preset_source.h"
 #include "importer/lightroom_importer.h"
 #include "writer/carried_settings.h"
 #include "writer/check_costyle.h"

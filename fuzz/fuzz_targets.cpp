@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzz_targets.h"
 
-#include "application/preset_archive.h"
-#include "application/preset_reading.h"
+#include "conversion/preset_archive.h"
+#include "conversion/preset_reading.h"
 #include "color/colour_table.h"
 #include "color/stk_exception.h"
 #include "importer/lightroom_importer.h"

@@ -106,3 +106,15 @@ style_losses what_a_style_leaves_out(const lightroom_importer& preset, const QSe
     return {not_carried_over(preset, read), preset.extras.local_adjustments, preset.extras.look,
             named_white_balance(preset.settings)};
 }
+
+bool style_carries_nothing(const lightroom_importer& preset, const QSet<QString>& read)
+{
+    if (!preset.tone_curve.isEmpty() || !preset.tone_curve_red.isEmpty() || !preset.tone_curve_green.isEmpty() ||
+        !preset.tone_curve_blue.isEmpty())
+        return false;
+    for (auto entry = preset.settings.cbegin(); entry != preset.settings.cend(); ++entry) {
+        if (read.contains(entry.key()))
+            return false;
+    }
+    return true;
+}

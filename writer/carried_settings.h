@@ -36,3 +36,8 @@ struct style_losses {
 };
 
 style_losses what_a_style_leaves_out(const lightroom_importer& preset, const QSet<QString>& read);
+
+// Whether a style made from the preset holds nothing of it: no develop
+// setting was read and no point curve has points. An empty file, a broken
+// XMP preset or one holding only local adjustments comes to that.
+bool style_carries_nothing(const lightroom_importer& preset, const QSet<QString>& read);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "application/application_identity.h"
+#include "conversion/application_identity.h"
 #include <QApplication>
 #include <QByteArray>
 #include <QDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/application_identity.h"
+#include "conversion/application_identity.h"
 #include <QCoreApplication>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/preset_source.h"
+#include "conversion/preset_source.h"
 
-#include "application/preset_folder.h"
+#include "conversion/preset_folder.h"
 
 #include <QDir>
 #include <QFileInfo>

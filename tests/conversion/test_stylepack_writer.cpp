@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/stylepack_writer.h"
+#include "conversion/stylepack_writer.h"
 #include "support/conversion_fixtures.h"
 
 #include <QTemporaryDir>

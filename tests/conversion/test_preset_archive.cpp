@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/preset_archive.h"
+#include "conversion/preset_archive.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/held_log.h"
+#include "conversion/held_log.h"
 
 namespace {
 

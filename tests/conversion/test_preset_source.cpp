@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/pack_entry_names.h"
-#include "application/preset_source.h"
+#include "conversion/style_names.h"
+#include "conversion/preset_source.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-TEST(pack_entry_names, same_folder_replaces_other_folders_get_their_name_added)
+TEST(style_names, same_folder_replaces_other_folders_get_their_name_added)
 {
-    pack_entry_names names;
+    style_names names;
     const struct {
         const char* style;
         const char* subfolder;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/preset_archive.h"
+#include "conversion/preset_archive.h"
 
-#include "application/preset_reading.h"
+#include "conversion/preset_reading.h"
 
 #include <QCoreApplication>
 #include <QFile>

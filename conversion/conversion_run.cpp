@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/conversion_run.h"
+#include "conversion/conversion_run.h"
 
-#include "application/pack_entry_names.h"
-#include "application/preset_reading.h"
-#include "application/preset_step.h"
+#include "conversion/style_names.h"
+#include "conversion/preset_reading.h"
+#include "conversion/preset_step.h"
 #include "importer/lightroom_importer.h"
 
 #include <QDebug>
@@ -15,8 +15,6 @@
 #include <exception>
 
 namespace {
-
-enum class turn_outcome { converted, skipped, failed };
 
 // The remembered answers of one question: asked while ask is true, skipped
 // silently once skip_all is set.
@@ -56,79 +54,105 @@ public:
     {
         conversion_result result;
         const int count = presets.size();
-        const std::unique_ptr<preset_steps> steps = make_preset_steps(presets, options_.colour_space, options_.jobs);
+        const std::unique_ptr<preset_steps> steps =
+            make_preset_steps(presets, options_.colour_space, options_.jobs, options_.learn_losses);
         for (int i = 0; i < count; ++i) {
             if (shell_.cancelled()) {
                 result.cancelled = true;
                 break;
             }
             shell_.progress(i, count, presets.at(i).path);
-            switch (convert(*steps, i, presets.at(i), result.pack_entries)) {
-            case turn_outcome::converted:
+            preset_outcome outcome;
+            outcome.file = presets.at(i).path;
+            convert(*steps, i, presets.at(i), result.pack_entries, outcome);
+            switch (outcome.kind) {
+            case outcome_kind::converted:
                 ++result.converted;
                 break;
-            case turn_outcome::skipped:
+            case outcome_kind::skipped:
                 ++result.skipped;
                 break;
-            case turn_outcome::failed:
+            case outcome_kind::failed:
                 ++result.failed;
                 break;
             }
+            shell_.report_outcome(outcome);
         }
         return result;
     }
 
 private:
-    turn_outcome convert(preset_steps& steps, int index, const preset_source& preset,
-                         QMap<QString, QString>& pack_entries)
+    void fail(const conversion_failure& failure, preset_outcome& outcome)
+    {
+        shell_.report_failure(failure);
+        outcome.kind = outcome_kind::failed;
+        outcome.failed_as = failure.kind;
+        outcome.reason = failure.plain;
+    }
+
+    void convert(preset_steps& steps, int index, const preset_source& preset, QMap<QString, QString>& pack_entries,
+                 preset_outcome& outcome)
     {
         if (preset_format_of(preset.path) == preset_format::unsupported) {
-            shell_.report_failure(conversion_messages::unsupported_format(preset.path));
-            return turn_outcome::failed;
+            fail(conversion_messages::unsupported_format(preset.path), outcome);
+            return;
         }
         try {
-            return convert_readable(steps, *steps.read(index), pack_entries);
+            convert_readable(steps, *steps.read(index), pack_entries, outcome);
         } catch (const std::exception& error) {
-            shell_.report_failure(
-                conversion_messages::unreadable_preset(preset.path, QString::fromUtf8(error.what())));
-            return turn_outcome::failed;
+            fail(conversion_messages::unreadable_preset(preset.path, QString::fromUtf8(error.what())), outcome);
         }
     }
 
-    turn_outcome convert_readable(preset_steps& steps, preset_step& step, QMap<QString, QString>& pack_entries)
+    // Ends the turn of a preset skipped by the answer to question.
+    static void skip(preset_outcome& outcome, preset_question question, const QString& title, bool silently)
+    {
+        outcome.kind = outcome_kind::skipped;
+        outcome.skipped_by = question;
+        outcome.question_title = title;
+        outcome.skipped_silently = silently;
+    }
+
+    void convert_readable(preset_steps& steps, preset_step& step, QMap<QString, QString>& pack_entries,
+                          preset_outcome& outcome)
     {
         const preset_source& preset = step.source;
         const QString& path = preset.path;
         const lightroom_importer& record = step.record;
 
+        outcome.preset_name = record.name;
         const QString style_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
         const QString folder = preset.subfolder.isEmpty()
                                    ? shell_.output_folder()
                                    : shell_.output_folder() + QLatin1Char('/') + preset.subfolder;
-        const QString target = folder + QLatin1Char('/') + style_name;
 
         const bool unsupported = step.dehaze || step.lut;
-        if (skipped_silently(step.white_balance, unsupported, step.camera_calibration))
-            return turn_outcome::skipped;
-        if (!answered_convert(step.white_balance, white_balance_,
-                              [&] { return conversion_messages::white_balance_question(path, record.name, labels_); }))
-            return turn_outcome::skipped;
-        if (!answered_convert(unsupported, unsupported_, [&] {
-                return conversion_messages::unsupported_parameters_question(path, record.name, step.lut, step.dehaze,
-                                                                            labels_);
-            }))
-            return turn_outcome::skipped;
-        if (!answered_convert(step.camera_calibration, camera_calibration_, [&] {
-                return conversion_messages::camera_calibration_question(path, record.name, labels_);
-            }))
-            return turn_outcome::skipped;
+        const auto white_balance = [&] { return conversion_messages::white_balance_question(path, record.name, labels_); };
+        const auto unsupported_parameters = [&] {
+            return conversion_messages::unsupported_parameters_question(path, record.name, step.lut, step.dehaze,
+                                                                        labels_);
+        };
+        const auto camera_calibration = [&] {
+            return conversion_messages::camera_calibration_question(path, record.name, labels_);
+        };
+        if (white_balance_.skip_all && step.white_balance)
+            return skip(outcome, preset_question::white_balance, white_balance().title, true);
+        if (unsupported_.skip_all && unsupported)
+            return skip(outcome, preset_question::unsupported_parameters, unsupported_parameters().title, true);
+        if (camera_calibration_.skip_all && step.camera_calibration)
+            return skip(outcome, preset_question::camera_calibration, camera_calibration().title, true);
+        if (!answered_convert(step.white_balance, white_balance_, white_balance, outcome) ||
+            !answered_convert(unsupported, unsupported_, unsupported_parameters, outcome) ||
+            !answered_convert(step.camera_calibration, camera_calibration_, camera_calibration, outcome))
+            return;
 
         steps.build(step);
-        if (!step.converted) {
-            shell_.report_failure(conversion_messages::conversion_failed(path));
-            return turn_outcome::failed;
-        }
+        if (!step.converted)
+            return fail(conversion_messages::conversion_failed(path), outcome);
         const QString& document = step.document;
+        outcome.kind = outcome_kind::converted;
+        outcome.losses = step.losses;
+        outcome.empty_style = step.empty_style;
 
         if (!separate_) {
             bool renamed = false;
@@ -138,35 +162,39 @@ private:
                                                        "goes into the pack as %2.")
                                             .arg(path, entry);
             pack_entries.insert(entry, document);
-            return turn_outcome::converted;
+            outcome.target = entry;
+            outcome.in_pack = true;
+            return;
         }
+        bool renamed = false;
+        const QString separate_name = entry_names_.separate_name_for(
+            preset.subfolder, style_name, QFileInfo(path).absolutePath(), renamed);
+        const QString target = folder + QLatin1Char('/') + separate_name;
+        if (renamed)
+            qWarning().noquote() << QStringLiteral("%1: this run already wrote a style of the same name from "
+                                                   "another folder; this one is written as %2.")
+                                        .arg(path, target);
         QString reason;
         // Only a subfolder of a folder tree is made here; the output folder
         // itself is the shell's.
-        if (!preset.subfolder.isEmpty() && !QDir().mkpath(folder)) {
-            shell_.report_failure(conversion_messages::write_failed(path, target, QStringLiteral("Can't create the folder.")));
-            return turn_outcome::failed;
-        }
-        if (!write_style(target, document, reason)) {
-            shell_.report_failure(conversion_messages::write_failed(path, target, reason));
-            return turn_outcome::failed;
-        }
-        return turn_outcome::converted;
-    }
-
-    // The remembered "Skip All" answers, tested before any question is shown.
-    bool skipped_silently(bool white_balance, bool unsupported, bool camera_calibration) const
-    {
-        return (white_balance_.skip_all && white_balance) || (unsupported_.skip_all && unsupported) ||
-               (camera_calibration_.skip_all && camera_calibration);
+        if (!preset.subfolder.isEmpty() && !QDir().mkpath(folder))
+            return fail(conversion_messages::write_failed(path, target, QStringLiteral("Can't create the folder.")),
+                        outcome);
+        if (!write_style(target, document, reason))
+            return fail(conversion_messages::write_failed(path, target, reason), outcome);
+        outcome.target = target;
     }
 
     template <typename make_question>
-    bool answered_convert(bool raised, answer_memory& memory, make_question question)
+    bool answered_convert(bool raised, answer_memory& memory, make_question question, preset_outcome& outcome)
     {
         if (!raised || !memory.ask)
             return true;
-        return goes_on(shell_.ask(question()), memory);
+        const conversion_question asked = question();
+        if (goes_on(shell_.ask(asked), memory))
+            return true;
+        skip(outcome, asked.kind, asked.title, false);
+        return false;
     }
 
     // Through a temporary file renamed over the target: a failed write neither
@@ -222,7 +250,7 @@ private:
     answer_memory white_balance_;
     answer_memory unsupported_;
     answer_memory camera_calibration_;
-    pack_entry_names entry_names_;
+    style_names entry_names_;
 };
 
 } // namespace

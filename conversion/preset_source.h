@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "application/preset_archive.h"
+#include "conversion/preset_archive.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "application/conversion_messages.h"
-#include "application/output_format.h"
-#include "application/preset_source.h"
+#include "conversion/conversion_messages.h"
+#include "conversion/output_format.h"
+#include "conversion/preset_outcome.h"
+#include "conversion/preset_source.h"
 #include "writer/colour_space.h"
 
 #include <QMap>
@@ -24,6 +25,8 @@ public:
     virtual question_answer ask(const conversion_question& question) = 0;
     // Called once per failed preset; the run goes on with the next file.
     virtual void report_failure(const conversion_failure& failure) = 0;
+    // Called once per preset when its turn is over, whatever became of it.
+    virtual void report_outcome(const preset_outcome& outcome) { Q_UNUSED(outcome) }
     // Target folder of separate styles, asked once per preset so that a change
     // made during the run applies to the next preset.
     virtual QString output_folder() = 0;
@@ -50,6 +53,9 @@ struct conversion_options {
     // questions, writes and messages still come one preset after the other,
     // in order. Only for shells whose answers do not depend on what was shown.
     int jobs = 1;
+    // Whether each converted preset's outcome tells what its style leaves out
+    // (a mapping that records every key it reads, at some cost per preset).
+    bool learn_losses = false;
 };
 
 struct conversion_result {
@@ -68,6 +74,8 @@ struct conversion_result {
 // Separate styles go into the preset's subfolder below the output folder
 // (created when missing); in a pack, a style whose name another subfolder
 // already gave gets that subfolder's name added, with a warning in the log.
+// Likewise a separate style never replaces one this run wrote from another
+// folder: it gets its own folder's name added.
 conversion_result run_conversion(const QVector<preset_source>& presets, const conversion_options& options,
                                  conversion_shell& shell);
 // Files as the open dialog returns them, each written flat.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/output_folder.h"
+#include "conversion/output_folder.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "application/preset_source.h"
+#include "conversion/preset_source.h"
 #include "importer/lightroom_importer.h"
+#include "writer/carried_settings.h"
 
 #include <QString>
 
@@ -12,7 +13,8 @@
 // building its style. A run asks its questions between the two halves.
 class preset_step {
 public:
-    preset_step(preset_source source, QString colour_space);
+    // learn_losses: the style build records what the style leaves out.
+    preset_step(preset_source source, QString colour_space, bool learn_losses = false);
 
     // Reads the preset and raises its flags; throws what a reader or the
     // writer's tables throw.
@@ -28,9 +30,13 @@ public:
     bool camera_calibration = false;
     bool converted = false;
     QString document;
+    // Learnt while building when asked for (or when debug lines are shown).
+    style_losses losses;
+    bool empty_style = false;
 
 private:
     const QString colour_space_;
+    const bool learn_losses_;
 };
 
 // Hands a run its presets' steps in order. Each step's log lines come out
@@ -49,4 +55,4 @@ public:
 // jobs above 1: up to that many presets are read, checked and built ahead on
 // other threads while the run goes through the earlier ones.
 std::unique_ptr<preset_steps> make_preset_steps(const QVector<preset_source>& presets, const QString& colour_space,
-                                                int jobs);
+                                                int jobs, bool learn_losses = false);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/output_format.h"
+#include "conversion/output_format.h"
 
 #include "writer/named_values.h"
 

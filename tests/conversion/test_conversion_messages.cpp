@@ -3,7 +3,7 @@
 // name escaped) and as the command line prints it (one plain line, names as
 // they are), against one record. Names and texts carry markup and "%1" so that
 // neither escaping nor argument expansion can go wrong unseen.
-#include "application/conversion_messages.h"
+#include "conversion/conversion_messages.h"
 #include "support/golden.h"
 
 using namespace conversion_messages;

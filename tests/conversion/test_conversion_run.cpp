@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/conversion_run.h"
+#include "conversion/conversion_run.h"
 #include "support/conversion_fixtures.h"
 
 #include <QTemporaryDir>

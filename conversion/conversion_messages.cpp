@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/conversion_messages.h"
+#include "conversion/conversion_messages.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

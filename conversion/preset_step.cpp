@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "application/preset_step.h"
+#include "conversion/preset_step.h"
 
-#include "application/held_log.h"
-#include "application/preset_reading.h"
+#include "conversion/held_log.h"
+#include "conversion/preset_reading.h"
 #include "writer/carried_settings.h"
 #include "writer/costyle_writer.h"
 
@@ -15,8 +15,8 @@
 #include <future>
 #include <stdexcept>
 
-preset_step::preset_step(preset_source preset, QString colour_space)
-    : source(std::move(preset)), colour_space_(std::move(colour_space))
+preset_step::preset_step(preset_source preset, QString colour_space, bool learn_losses)
+    : source(std::move(preset)), colour_space_(std::move(colour_space)), learn_losses_(learn_losses)
 {
 }
 
@@ -36,11 +36,13 @@ void preset_step::build_style()
     // A writer per preset: nothing of one conversion can reach the next.
     const costyle_writer writer;
     const bool listening = QLoggingCategory::defaultCategory()->isDebugEnabled();
+    const bool learning = listening || learn_losses_;
     QSet<QString> keys_read;
-    converted = writer.create_costyle(record, document, colour_space_, listening ? &keys_read : nullptr);
-    if (converted && listening) {
-        const style_losses losses = what_a_style_leaves_out(record, keys_read);
-        if (!losses.empty())
+    converted = writer.create_costyle(record, document, colour_space_, learning ? &keys_read : nullptr);
+    if (converted && learning) {
+        losses = what_a_style_leaves_out(record, keys_read);
+        empty_style = style_carries_nothing(record, keys_read);
+        if (listening && !losses.empty())
             qDebug().noquote() << QStringLiteral("%1: the style leaves out %2").arg(source.path, losses.summary());
     }
 }
@@ -49,13 +51,13 @@ namespace {
 
 class steps_in_turn final : public preset_steps {
 public:
-    steps_in_turn(const QVector<preset_source>& presets, const QString& colour_space)
-        : presets_(presets), colour_space_(colour_space)
+    steps_in_turn(const QVector<preset_source>& presets, const QString& colour_space, bool learn_losses)
+        : presets_(presets), colour_space_(colour_space), learn_losses_(learn_losses)
     {
     }
     std::shared_ptr<preset_step> read(int index) override
     {
-        auto step = std::make_shared<preset_step>(presets_.at(index), colour_space_);
+        auto step = std::make_shared<preset_step>(presets_.at(index), colour_space_, learn_losses_);
         step->read_and_check();
         return step;
     }
@@ -64,6 +66,7 @@ public:
 private:
     const QVector<preset_source>& presets_;
     const QString colour_space_;
+    const bool learn_losses_;
 };
 
 // A step worked on ahead, its log lines and whatever it threw, per half.
@@ -77,8 +80,8 @@ struct step_ahead {
 
 class steps_ahead final : public preset_steps {
 public:
-    steps_ahead(const QVector<preset_source>& presets, const QString& colour_space, int jobs)
-        : presets_(presets), colour_space_(colour_space), ahead_(jobs * presets_ahead_per_job)
+    steps_ahead(const QVector<preset_source>& presets, const QString& colour_space, int jobs, bool learn_losses)
+        : presets_(presets), colour_space_(colour_space), learn_losses_(learn_losses), ahead_(jobs * presets_ahead_per_job)
     {
         pool_.setMaxThreadCount(jobs);
         fill();
@@ -122,14 +125,16 @@ private:
                 continue;
             auto work = std::make_shared<std::promise<step_ahead>>();
             started_.emplace_back(index, work->get_future());
-            pool_.start([work, source, colour_space = colour_space_] { work->set_value(work_on(source, colour_space)); });
+            pool_.start([work, source, colour_space = colour_space_, learn = learn_losses_] {
+                work->set_value(work_on(source, colour_space, learn));
+            });
         }
     }
 
-    static step_ahead work_on(const preset_source& source, const QString& colour_space)
+    static step_ahead work_on(const preset_source& source, const QString& colour_space, bool learn_losses)
     {
         step_ahead ahead;
-        ahead.step = std::make_shared<preset_step>(source, colour_space);
+        ahead.step = std::make_shared<preset_step>(source, colour_space, learn_losses);
         log_holding::hold_into(&ahead.reading_lines);
         try {
             ahead.step->read_and_check();
@@ -150,6 +155,7 @@ private:
 
     const QVector<preset_source>& presets_;
     const QString colour_space_;
+    const bool learn_losses_;
     const int ahead_;
     // Before the pool: the threads are done before the holding ends.
     log_holding holding_;
@@ -163,9 +169,9 @@ private:
 } // namespace
 
 std::unique_ptr<preset_steps> make_preset_steps(const QVector<preset_source>& presets, const QString& colour_space,
-                                                int jobs)
+                                                int jobs, bool learn_losses)
 {
     if (jobs <= 1)
-        return std::make_unique<steps_in_turn>(presets, colour_space);
-    return std::make_unique<steps_ahead>(presets, colour_space, jobs);
+        return std::make_unique<steps_in_turn>(presets, colour_space, learn_losses);
+    return std::make_unique<steps_ahead>(presets, colour_space, jobs, learn_losses);
 }

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "conversion/preset_outcome.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+// Translated in the main window's context, like the run's other messages.
+
+namespace conversion_messages {
+
+QString summary_line(const outcome_counts& counts)
+{
+    return QCoreApplication::translate("MainWindow", "%1 converted, %2 skipped, %3 failed")
+        .arg(counts.converted)
+        .arg(counts.skipped)
+        .arg(counts.failed);
+}
+
+QString losses_text(const preset_outcome& outcome)
+{
+    if (outcome.empty_style)
+        return QCoreApplication::translate("MainWindow", "empty style");
+    const style_losses& losses = outcome.losses;
+    QStringList parts;
+    QStringList adjustments;
+    for (auto it = losses.local_adjustments.cbegin(); it != losses.local_adjustments.cend(); ++it)
+        adjustments << QStringLiteral("%1 %2").arg(it.value()).arg(it.key());
+    if (!adjustments.isEmpty())
+        parts << QCoreApplication::translate("MainWindow", "local adjustments (%1)")
+                     .arg(adjustments.join(QStringLiteral(", ")));
+    if (!losses.look.isEmpty())
+        parts << QCoreApplication::translate("MainWindow", "the Look \u201c%1\u201d").arg(losses.look);
+    if (!losses.white_balance.isEmpty())
+        parts << QCoreApplication::translate("MainWindow", "white balance \u201c%1\u201d").arg(losses.white_balance);
+    if (!losses.settings.isEmpty())
+        parts << QCoreApplication::translate("MainWindow", "%n other setting(s)", nullptr, losses.settings.size());
+    return parts.join(QStringLiteral(", "));
+}
+
+QString outcome_line(const preset_outcome& outcome)
+{
+    switch (outcome.kind) {
+    case outcome_kind::converted: {
+        const QString line = outcome.in_pack
+                                 ? QCoreApplication::translate("MainWindow", "converted into the pack as %1")
+                                 : QCoreApplication::translate("MainWindow", "converted into %1");
+        const QString lost = losses_text(outcome);
+        if (lost.isEmpty())
+            return line.arg(outcome.target);
+        if (outcome.empty_style)
+            return line.arg(outcome.target) + QStringLiteral("; ") + lost;
+        return line.arg(outcome.target) + QStringLiteral("; ") +
+               QCoreApplication::translate("MainWindow", "leaves out %1").arg(lost);
+    }
+    case outcome_kind::skipped:
+        if (outcome.skipped_silently)
+            return QCoreApplication::translate("MainWindow", "skipped (Skip All): %1").arg(outcome.question_title);
+        return QCoreApplication::translate("MainWindow", "skipped: %1").arg(outcome.question_title);
+    case outcome_kind::failed:
+        return QCoreApplication::translate("MainWindow", "failed: %1").arg(outcome.reason);
+    }
+    return QString();
+}
+
+} // namespace conversion_messages

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "conversion/style_names.h"
+
+#include <QFileInfo>
+
+namespace {
+
+QString key_of(const QString& scope, const QString& name)
+{
+    return scope + QLatin1Char('/') + name;
+}
+
+} // namespace
+
+bool style_names::free_for(const QString& key, const QString& owner) const
+{
+    const auto taken = owner_of_.constFind(key);
+    return taken == owner_of_.cend() || taken.value() == owner;
+}
+
+QString style_names::name_for(const QString& scope, const QString& style_name, const QString& owner,
+                              const QString& label_path, bool& renamed)
+{
+    renamed = !free_for(key_of(scope, style_name), owner);
+    QString name = style_name;
+    if (renamed) {
+        const QFileInfo info(style_name);
+        const auto with_label = [&](const QString& label) {
+            name = info.completeBaseName() + QStringLiteral(" (") + label + QStringLiteral(").") + info.suffix();
+            return free_for(key_of(scope, name), owner);
+        };
+        // The folder's own name reads best; the whole path, then a number,
+        // settle what it leaves equal. The top folder has no name of its own.
+        const QString whole_path = QString(label_path).replace(QLatin1Char('/'), QLatin1Char(' ')).trimmed();
+        const bool named = !whole_path.isEmpty() &&
+                           (with_label(label_path.section(QLatin1Char('/'), -1, -1, QString::SectionSkipEmpty)) ||
+                            with_label(whole_path));
+        const QString prefix = whole_path.isEmpty() ? QString() : whole_path + QLatin1Char(' ');
+        for (int n = 2; !named && !with_label(prefix + QString::number(n)); ++n) {
+        }
+    }
+    owner_of_.insert(key_of(scope, name), owner);
+    return name;
+}
+
+QString style_names::entry_for(const QString& style_name, const QString& subfolder, bool& renamed)
+{
+    return name_for(QString(), style_name, subfolder, subfolder, renamed);
+}
+
+QString style_names::separate_name_for(const QString& scope, const QString& style_name, const QString& preset_folder,
+                                       bool& renamed)
+{
+    // A drive letter's colon has no place in a file name.
+    QString label_path = preset_folder;
+    label_path.remove(QLatin1Char(':'));
+    return name_for(scope, style_name, preset_folder, label_path, renamed);
+}

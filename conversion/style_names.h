@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+// Names of the styles one run makes, so that nothing of a folder tree is lost.
+// Within one folder a later preset of the same file name replaces the earlier
+// one, as in a folder on disk; a preset from another folder with a name
+// already taken gets its folder's name added, "Portra (Film 2).costyle".
+class style_names {
+public:
+    // The pack entry for style_name ("Portra.costyle") of a preset from
+    // subfolder. renamed tells whether the name had to change.
+    QString entry_for(const QString& style_name, const QString& subfolder, bool& renamed);
+
+    // The name of a separate style_name written into scope (a folder below the
+    // output folder, '/'-separated, empty for the output folder itself) for a
+    // preset whose own folder is preset_folder (an absolute path; an
+    // archive's entry counts the archive as a folder). renamed as above.
+    QString separate_name_for(const QString& scope, const QString& style_name, const QString& preset_folder,
+                              bool& renamed);
+
+private:
+    QString name_for(const QString& scope, const QString& style_name, const QString& owner, const QString& label_path,
+                     bool& renamed);
+    bool free_for(const QString& key, const QString& owner) const;
+
+    QHash<QString, QString> owner_of_; // scope + '/' + name -> folder that gave it
+};
