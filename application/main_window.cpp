@@ -6,7 +6,9 @@
 #include "conversion/conversion_messages.h"
 #include "application/dropped_presets.h"
 #include "conversion/output_folder.h"
+#include "application/run_account.h"
 #include "application/settings_keys.h"
+#include "conversion/output_folder.h"
 #include "conversion/stylepack_writer.h"
 #include "application/window_conversion_shell.h"
 #include "vel_toolkit/about_dialog.h"
@@ -117,7 +119,14 @@ MainWindow::MainWindow(QWidget* parent)
 
     setWindowTitle(QCoreApplication::applicationName());
     setAcceptDrops(true);
-    // Wider is fine, taller only adds empty space.
+    fit_height();
+}
+
+void MainWindow::fit_height()
+{
+    // Wider is fine, taller only adds empty space. The account of a run
+    // makes the window taller while it is shown.
+    centralWidget()->layout()->activate();
     setFixedHeight(sizeHint().height());
 }
 
@@ -167,6 +176,9 @@ void MainWindow::setup_layout()
     convert_button->set_icon_path(QStringLiteral(":/images/icon_convert.png"));
     convert_button->setToolTip(tr("Load Lightroom preset(s) and convert to Capture One."));
     connect(convert_button, &QPushButton::clicked, this, &MainWindow::on_button_convert_clicked);
+
+    account = body->cell(2, 0, new run_account(central), 1, 4);
+    connect(account, &run_account::height_changed, this, &MainWindow::fit_height);
 }
 
 void MainWindow::setup_top_bar(QGridLayout* grid)
@@ -218,9 +230,20 @@ void MainWindow::on_button_convert_clicked()
     // A folder that is gone would leave its name typed into the dialog.
     const QString start_folder = nearest_existing_folder(
         settings.value(settings_keys::input_dir.key, settings_keys::input_dir.default_value).toString());
-    const QStringList files = QFileDialog::getOpenFileNames(this, tr("Load Lightroom Template"), start_folder,
-                                                            tr("Lightroom Templates(*.lrtemplate *.xmp)"));
-    convert_presets(presets_of_files(files));
+    // Zip archives of presets are a second choice; they convert as dropped ones do.
+    const QStringList files = QFileDialog::getOpenFileNames(
+        this, tr("Load Lightroom Template"), start_folder,
+        tr("Lightroom Templates(*.lrtemplate *.xmp)") + QStringLiteral(";;") + tr("Zip Archives of Presets(*.zip)"));
+    if (files.isEmpty())
+        return;
+    // The files stay flat; an archive gives its presets with their folders.
+    const gathered_presets chosen = gather_presets(files);
+    report_archive_failures(chosen.archive_failures);
+    if (chosen.presets.isEmpty()) {
+        account->show_nothing_found();
+        return;
+    }
+    convert_presets(chosen.presets);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -237,15 +260,20 @@ void MainWindow::dropEvent(QDropEvent* event)
     if (converting)
         return;
     const gathered_presets dropped = dropped_presets(event->mimeData()->urls());
-    if (dropped.presets.isEmpty() && dropped.archive_failures.isEmpty())
-        return;
     event->acceptProposedAction();
+    if (dropped.presets.isEmpty() && dropped.archive_failures.isEmpty()) {
+        account->show_nothing_found();
+        return;
+    }
     // Started from the event loop, not inside the drop: the run opens modal
     // boxes, and the program the files were dragged from would wait for the
     // drop to end all that time.
     QTimer::singleShot(0, this, [this, dropped] {
         report_archive_failures(dropped.archive_failures);
-        convert_presets(dropped.presets);
+        if (dropped.presets.isEmpty())
+            account->show_nothing_found();
+        else
+            convert_presets(dropped.presets);
     });
 }
 
@@ -320,9 +348,12 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
         converting = false;
     });
 
+    // The account tells what each style leaves out.
+    options.learn_losses = true;
+    account->begin();
     conversion_result result;
     {
-        window_conversion_shell shell(this, settings);
+        window_conversion_shell shell(this, settings, account);
         result = run_conversion(files, options, shell);
     }
     qInfo().noquote() << QStringLiteral("Conversion run: %1 converted, %2 skipped, %3 failed%4")
@@ -330,13 +361,31 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
                              .arg(result.skipped)
                              .arg(result.failed)
                              .arg(result.cancelled ? QStringLiteral(", cancelled") : QString());
-    save_stylepack(result.pack_entries, options.format == output_format::stylepack_category);
+    const bool separate = options.format == output_format::separate;
+    if (separate || result.pack_entries.isEmpty()) {
+        account->show_run(result.counts(), separate ? output_folder() : QString());
+        return;
+    }
+    const bool with_category = options.format == output_format::stylepack_category;
+    if (!save_stylepack(result.pack_entries, with_category)) {
+        // Cancelling the dialog drops the styles by design; a pack that could
+        // not be written failed them.
+        if (!pack_path_tried.isEmpty())
+            result.pack_not_written();
+        account->show_run(result.counts(), QString());
+        account->pack_not_written(pack_path_tried, pack_failure);
+    } else {
+        account->show_run(result.counts(), QString());
+        account->pack_written(pack_path_tried);
+    }
 }
 
-void MainWindow::save_stylepack(const QMap<QString, QString>& entries, bool with_category)
+bool MainWindow::save_stylepack(const QMap<QString, QString>& entries, bool with_category)
 {
+    pack_path_tried.clear();
+    pack_failure.clear();
     if (entries.isEmpty())
-        return;
+        return false;
     QFileDialog dialog(this, tr("Name Capture One Stylepack"), nearest_existing_folder(output_folder()) + QLatin1Char('/'),
                        tr("Capture One Stylepack(*.costylepack)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -344,10 +393,14 @@ void MainWindow::save_stylepack(const QMap<QString, QString>& entries, bool with
     dialog.setDefaultSuffix(QStringLiteral("costylepack"));
     // Cancelled: the styles were only collected, so the run leaves nothing behind.
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return;
-    const QString path = dialog.selectedFiles().constFirst();
-    // Failures are warning lines in the log; the user sees no box for them.
-    write_stylepack(path, entries, with_category);
+        return false;
+    pack_path_tried = dialog.selectedFiles().constFirst();
+    // Failures are warning lines in the log and a line in the run's account;
+    // the user sees no box for them.
+    if (write_stylepack(pack_path_tried, entries, with_category, &pack_failure))
+        return true;
+    qWarning().noquote() << QStringLiteral("%1: The style pack could not be written: %2.").arg(pack_path_tried, pack_failure);
+    return false;
 }
 
 void MainWindow::on_button_output_folder_clicked()

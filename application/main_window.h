@@ -15,6 +15,7 @@
 class QDragEnterEvent;
 class QDropEvent;
 class QGridLayout;
+class run_account;
 
 namespace vel {
 class dark_button;
@@ -52,7 +53,9 @@ private:
     QString output_folder() const;
     void convert_presets(const QVector<preset_source>& files);
     void report_archive_failures(const QVector<archive_failure>& failures);
-    void save_stylepack(const QMap<QString, QString>& entries, bool with_category);
+    // Asks for the pack's file and writes it; false when nothing was written.
+    bool save_stylepack(const QMap<QString, QString>& entries, bool with_category);
+    void fit_height();
 
     // Declared first: constructed before anything can log, destroyed last.
     log_window log;
@@ -62,6 +65,10 @@ private:
     QSettings settings;
     vel::line_edit* output_folder_field = nullptr;
     vel::dark_button* convert_button = nullptr;
+    run_account* account = nullptr;
+    // The last style pack asked for, and why it was not written.
+    QString pack_path_tried;
+    QString pack_failure;
     // Set while a conversion run goes on: its progress reports let events
     // through, and none of them may start a second run inside the first.
     bool converting = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "application/window_conversion_shell.h"
 
+#include "application/run_account.h"
 #include "application/settings_keys.h"
 #include "vel_toolkit/dark_style.h"
 #include "vel_toolkit/message_box.h"
@@ -57,8 +58,8 @@ QString progress_bar_sheet()
 
 } // namespace
 
-window_conversion_shell::window_conversion_shell(QWidget* window, QSettings& settings)
-    : window_(window), settings_(settings)
+window_conversion_shell::window_conversion_shell(QWidget* window, QSettings& settings, run_account* account)
+    : window_(window), settings_(settings), account_(account)
 {
     since_repaint_.start();
 }
@@ -94,6 +95,12 @@ void window_conversion_shell::report_failure(const conversion_failure& failure)
         qWarning().noquote() << failure.title + QStringLiteral(": ") + failure.plain;
         break;
     }
+}
+
+void window_conversion_shell::report_outcome(const preset_outcome& outcome)
+{
+    if (account_)
+        account_->add(outcome);
 }
 
 QString window_conversion_shell::output_folder()

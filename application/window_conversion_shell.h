@@ -11,6 +11,7 @@ class QLabel;
 class QProgressDialog;
 class QSettings;
 class QWidget;
+class run_account;
 
 // How a conversion run speaks to the user in the window: questions and
 // failures as message boxes over the main window, the output folder from the
@@ -19,7 +20,8 @@ class QWidget;
 // repaint, so a long run never looks frozen.
 class window_conversion_shell final : public conversion_shell {
 public:
-    window_conversion_shell(QWidget* window, QSettings& settings);
+    // account, when given, receives every preset's outcome.
+    window_conversion_shell(QWidget* window, QSettings& settings, run_account* account = nullptr);
     ~window_conversion_shell() override;
 
     window_conversion_shell(const window_conversion_shell&) = delete;
@@ -27,6 +29,7 @@ public:
 
     question_answer ask(const conversion_question& question) override;
     void report_failure(const conversion_failure& failure) override;
+    void report_outcome(const preset_outcome& outcome) override;
     QString output_folder() override;
     bool cancelled() override;
     void progress(int index, int count, const QString& file) override;
@@ -42,6 +45,7 @@ private:
 
     QWidget* window_;
     QSettings& settings_;
+    run_account* account_;
     // Deleted by finish() or with the window, whichever comes first.
     QPointer<QProgressDialog> progress_dialog_;
     QLabel* progress_label_ = nullptr; // owned by the progress dialog

@@ -44,7 +44,9 @@ bool shown(QtMsgType type)
         // lines per preset: log detail, not news for someone running a batch.
         return type != QtDebugMsg && type != QtInfoMsg;
     case verbosity::quiet:
-        return type == QtCriticalMsg || type == QtFatalMsg;
+        // Only the one-line errors (error_line); a reader's critical
+        // diagnostics are detail for -v and the log window.
+        return type == QtFatalMsg;
     }
     return true;
 }
@@ -86,7 +88,7 @@ void install(verbosity level)
     if (level == verbosity::normal)
         QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false"));
     else if (level == verbosity::quiet)
-        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\n*.warning=false"));
+        QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false\n*.warning=false\n*.critical=false"));
     else
         QLoggingCategory::setFilterRules(QString());
     qInstallMessageHandler(handle_message);

@@ -150,32 +150,27 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
                                            : output_format::stylepack;
     conversion.colour_space = colour_space_name(options.space);
     conversion.jobs = options.jobs;
+    // What each style leaves out is only told with -v.
+    conversion.learn_losses = options.level == verbosity::verbose;
     cli_shell shell(options);
     conversion_result result = run_conversion(presets, conversion, shell);
     cli_output::end_progress();
     result.failed += unreadable;
 
     if (options.to_stdout) {
-        if (!result.pack_entries.isEmpty() && !write_document(result.pack_entries.first().toUtf8())) {
-            result.failed += result.converted;
-            result.converted = 0;
-        }
+        if (!result.pack_entries.isEmpty() && !write_document(result.pack_entries.first().toUtf8()))
+            result.pack_not_written();
     } else if (!separate) {
         if (result.pack_entries.isEmpty()) {
             cli_output::log_line(QtWarningMsg,
                                  QStringLiteral("No style was converted; %1 was not written.").arg(options.pack_path));
         } else if (QString reason; !write_stylepack(options.pack_path, result.pack_entries, options.category, &reason)) {
             cli_output::error_line(QStringLiteral("%1: The style pack could not be written: %2.").arg(options.pack_path, reason));
-            // Styles that never reached the disk are not converted.
-            result.failed += result.converted;
-            result.converted = 0;
+            result.pack_not_written();
         }
     }
 
-    cli_output::result_line(QStringLiteral("%1 converted, %2 skipped, %3 failed")
-                                .arg(result.converted)
-                                .arg(result.skipped)
-                                .arg(result.failed));
+    cli_output::result_line(conversion_messages::summary_line(result.counts()));
     return result.failed > 0 ? exit_failure : exit_success;
 }
 

@@ -25,6 +25,11 @@ void cli_shell::report_failure(const conversion_failure& failure)
     cli_output::error_line(failure_line(failure));
 }
 
+void cli_shell::report_outcome(const preset_outcome& outcome)
+{
+    cli_output::log_line(QtInfoMsg, outcome.file + QStringLiteral(": ") + conversion_messages::outcome_line(outcome));
+}
+
 QString cli_shell::output_folder()
 {
     return options_.output_folder;

@@ -12,6 +12,8 @@ public:
 
     question_answer ask(const conversion_question& question) override;
     void report_failure(const conversion_failure& failure) override;
+    // With -v, one line per preset: what became of it.
+    void report_outcome(const preset_outcome& outcome) override;
     QString output_folder() override;
     void progress(int index, int count, const QString& file) override;
 

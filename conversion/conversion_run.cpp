@@ -87,7 +87,9 @@ private:
         shell_.report_failure(failure);
         outcome.kind = outcome_kind::failed;
         outcome.failed_as = failure.kind;
-        outcome.reason = failure.plain;
+        // The title says what failed; the reader's or file system's text, where
+        // there is one, why. The support text of a box is not repeated.
+        outcome.reason = failure.reason.isEmpty() ? failure.title : failure.title + QStringLiteral(": ") + failure.reason;
     }
 
     void convert(preset_steps& steps, int index, const preset_source& preset, QMap<QString, QString>& pack_entries,

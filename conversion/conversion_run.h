@@ -66,6 +66,15 @@ struct conversion_result {
     // Pack formats only: entry file name -> style document, in name order; a
     // later preset with the same name from the same folder replaces the earlier one.
     QMap<QString, QString> pack_entries;
+
+    outcome_counts counts() const { return {converted, skipped, failed}; }
+    // The pack could not be written: styles that never reached the disk are
+    // not converted.
+    void pack_not_written()
+    {
+        failed += converted;
+        converted = 0;
+    }
 };
 
 // Converts the presets in list order. Each preset is read, checked, asked about

@@ -33,7 +33,9 @@ QString losses_text(const preset_outcome& outcome)
     if (!losses.white_balance.isEmpty())
         parts << QCoreApplication::translate("MainWindow", "white balance \u201c%1\u201d").arg(losses.white_balance);
     if (!losses.settings.isEmpty())
-        parts << QCoreApplication::translate("MainWindow", "%n other setting(s)", nullptr, losses.settings.size());
+        parts << (losses.settings.size() == 1
+                      ? QCoreApplication::translate("MainWindow", "1 other setting")
+                      : QCoreApplication::translate("MainWindow", "%1 other settings").arg(losses.settings.size()));
     return parts.join(QStringLiteral(", "));
 }
 

@@ -23,7 +23,7 @@ struct preset_outcome {
     preset_question skipped_by = preset_question::white_balance;
     QString question_title;
     bool skipped_silently = false;
-    // failed: the failure's kind and its one plain line
+    // failed: the failure's kind and its one line, the title and the reason
     failure_kind failed_as = failure_kind::unreadable_preset;
     QString reason;
     // converted, when the run was asked to learn it: what the style leaves out,

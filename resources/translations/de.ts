@@ -193,6 +193,62 @@
         <source>The folder can&apos;t be created.</source>
         <translation>Der Ordner kann nicht angelegt werden.</translation>
     </message>
+    <message>
+        <source>Zip Archives of Presets(*.zip)</source>
+        <translation>Zip-Archive mit Presets(*.zip)</translation>
+    </message>
+    <message>
+        <source>%1 converted, %2 skipped, %3 failed</source>
+        <translation>%1 konvertiert, %2 übersprungen, %3 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>empty style</source>
+        <translation>leerer Stil</translation>
+    </message>
+    <message>
+        <source>local adjustments (%1)</source>
+        <translation>lokale Korrekturen (%1)</translation>
+    </message>
+    <message>
+        <source>the Look “%1”</source>
+        <translation>das Profil „%1“</translation>
+    </message>
+    <message>
+        <source>white balance “%1”</source>
+        <translation>Weißabgleich „%1“</translation>
+    </message>
+    <message>
+        <source>1 other setting</source>
+        <translation>1 weitere Einstellung</translation>
+    </message>
+    <message>
+        <source>%1 other settings</source>
+        <translation>%1 weitere Einstellungen</translation>
+    </message>
+    <message>
+        <source>converted into the pack as %1</source>
+        <translation>ins Paket konvertiert als %1</translation>
+    </message>
+    <message>
+        <source>converted into %1</source>
+        <translation>konvertiert in %1</translation>
+    </message>
+    <message>
+        <source>leaves out %1</source>
+        <translation>ohne %1</translation>
+    </message>
+    <message>
+        <source>skipped (Skip All): %1</source>
+        <translation>übersprungen (Alle überspringen): %1</translation>
+    </message>
+    <message>
+        <source>skipped: %1</source>
+        <translation>übersprungen: %1</translation>
+    </message>
+    <message>
+        <source>failed: %1</source>
+        <translation>fehlgeschlagen: %1</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>
@@ -223,6 +279,77 @@
     <message>
         <source>Language</source>
         <translation>Sprache</translation>
+    </message>
+</context>
+<context>
+    <name>run_account</name>
+    <message>
+        <source>in the pack as %1</source>
+        <translation>im Paket als %1</translation>
+    </message>
+    <message>
+        <source>written as %1</source>
+        <translation>geschrieben als %1</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Show the folder the styles were written to</source>
+        <translation>Den Ordner zeigen, in den die Stile geschrieben wurden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy this account as plain text</source>
+        <translation>Diesen Bericht als Text kopieren</translation>
+    </message>
+    <message>
+        <source>Hide Details</source>
+        <translation>Details ausblenden</translation>
+    </message>
+    <message>
+        <source>Show or hide the list of presets</source>
+        <translation>Die Liste der Presets zeigen oder ausblenden</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Preset</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Nicht übernommen</translation>
+    </message>
+    <message>
+        <source>Style pack: %1</source>
+        <translation>Stilpaket: %1</translation>
+    </message>
+    <message>
+        <source>The style pack was not saved.</source>
+        <translation>Das Stilpaket wurde nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>The style pack %1 could not be written: %2</source>
+        <translation>Das Stilpaket %1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>No presets found</source>
+        <translation>Keine Presets gefunden</translation>
+    </message>
+    <message>
+        <source>Show Details</source>
+        <translation>Details zeigen</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,7 @@
 
 #include "application/dialog_settings.h"
 #include "application/main_window.h"
+#include "application/run_account.h"
 #include "application/settings_keys.h"
 #include "application/translation_loader.h"
 #include "vel_toolkit/about_dialog.h"
@@ -16,6 +17,7 @@
 #include "vel_toolkit/line_edit.h"
 #include "vel_toolkit/qt_message_handler.h"
 
+#include <QClipboard>
 #include <QAbstractItemView>
 #include <QLibraryInfo>
 #include <QToolTip>
@@ -72,6 +74,8 @@ const QMap<QString, QByteArray>& presets()
         {QStringLiteral("a.lrtemplate"), nested_template},
         {QStringLiteral("broken.lrtemplate"), "s = { title = \"Broken\" }"},
         {QStringLiteral("notes.txt"), "not a preset"},
+        {QStringLiteral("empty.xmp"), ""},
+        {QStringLiteral("blocked.xmp"), xmp(QStringLiteral("Blocked"))},
     };
     return all;
 }
@@ -164,6 +168,7 @@ private:
     void make_window(const QString& format = QStringLiteral("separate"));
     vel::dark_button* button_with_tip(const QString& tip) const;
     void run(session& person);
+    void drop(const QStringList& paths);
 
     std::unique_ptr<QTemporaryDir> root;
     QString input;
@@ -410,49 +415,90 @@ void test_window::a_run_writes_what_the_answers_allow_data()
     QTest::addColumn<QString>("pack_name");
     QTest::addColumn<QStringList>("boxes"); // how each box's "<icon>: <title>: <text>" begins
     QTest::addColumn<QStringList>("written"); // files in the output folder; pack entries after a colon
+    // The account the window shows after the run: its line, the pack's line
+    // (if any) and one line per preset; the temporary folders as IN and OUT.
+    QTest::addColumn<QStringList>("account");
 
     const QString white_balance = QStringLiteral("question: White balance modified by preset: ");
     const QString calibration = QStringLiteral("question: Camera calibration modified by preset: ");
     const QStringList none;
     QTest::newRow("separate styles named after their files; the later \"a\" wins")
         << "separate" << QString() << QStringList{"My.Look.xmp", "a.xmp", "a.lrtemplate"} << answers{} << QString()
-        << none << QStringList{"My.Look.costyle", "a.costyle:A from template"};
-    QTest::newRow("open dialog cancelled") << "separate" << QString() << none << answers{} << QString() << none << none;
+        << none << QStringList{"My.Look.costyle", "a.costyle:A from template"}
+        << QStringList{"3 converted, 0 skipped, 0 failed",
+                       "My Look – IN/My.Look.xmp: converted into OUT/My.Look.costyle",
+                       "A from XMP – IN/a.xmp: converted into OUT/a.costyle",
+                       "A from template – IN/a.lrtemplate: converted into OUT/a.costyle"};
+    QTest::newRow("open dialog cancelled") << "separate" << QString() << none << answers{} << QString() << none << none << QStringList{};
     QTest::newRow("Skip All silences that question, whatever else a preset raises")
         << "separate" << QString() << QStringList{"wb.xmp", "wb_cal_1.xmp", "plain.xmp"} << answers{QMessageBox::NoToAll}
-        << QString() << QStringList{white_balance} << QStringList{"plain.costyle"};
+        << QString() << QStringList{white_balance} << QStringList{"plain.costyle"}
+        << QStringList{"1 converted, 2 skipped, 0 failed",
+                       "Warm – IN/wb.xmp: skipped: White balance modified by preset",
+                       "Warm Cal – IN/wb_cal_1.xmp: skipped (Skip All): White balance modified by preset",
+                       "Plain – IN/plain.xmp: converted into OUT/plain.costyle"};
     QTest::newRow("Convert All leaves the other questions")
         << "separate" << QString() << QStringList{"wb_cal_1.xmp", "wb_cal_2.xmp"}
         << answers{QMessageBox::YesToAll, QMessageBox::Yes, QMessageBox::Yes} << QString()
-        << QStringList{white_balance, calibration, calibration} << QStringList{"wb_cal_1.costyle", "wb_cal_2.costyle"};
+        << QStringList{white_balance, calibration, calibration} << QStringList{"wb_cal_1.costyle", "wb_cal_2.costyle"}
+        << QStringList{"2 converted, 0 skipped, 0 failed",
+                       "Warm Cal – IN/wb_cal_1.xmp: converted into OUT/wb_cal_1.costyle; leaves out 1 other setting",
+                       "Cal Too – IN/wb_cal_2.xmp: converted into OUT/wb_cal_2.costyle; leaves out 1 other setting"};
     QTest::newRow("a closed box converts") << "separate" << QString() << QStringList{"wb.xmp"} << answers{QMessageBox::Cancel}
-                                           << QString() << QStringList{white_balance} << QStringList{"wb.costyle"};
+                                           << QString() << QStringList{white_balance} << QStringList{"wb.costyle"}
+        << QStringList{"1 converted, 0 skipped, 0 failed",
+                       "Warm – IN/wb.xmp: converted into OUT/wb.costyle"};
     QTest::newRow("dehaze, the name escaped")
         << "separate" << QString() << QStringList{"dehaze.xmp"} << answers{QMessageBox::Yes} << QString()
         << QStringList{"question: Unsupported parameters in preset: Your selected preset <font color=\"white\"><b>Hazy "
                        "&lt;&amp;&gt;</b></font> contains the following parameters, which can't be mapped in Capture "
                        "One:<br/>- Dehaze<br/><br/>These parameters will be ignored."}
-        << QStringList{"dehaze.costyle"};
+        << QStringList{"dehaze.costyle"}
+        << QStringList{"1 converted, 0 skipped, 0 failed",
+                       "Hazy <&> – IN/dehaze.xmp: converted into OUT/dehaze.costyle; leaves out 1 other setting"};
     QTest::newRow("unknown suffix and unreadable preset, the run goes on")
         << "separate" << QString() << QStringList{"notes.txt", "broken.lrtemplate", "plain.xmp"} << answers{} << QString()
         << QStringList{"critical: Unsupported preset format: Your preset <font color=\"white\"><b>notes.txt</b></font> "
                        "is in a format Stylewright can't convert.",
                        "critical: Can't read preset: Your preset <font color=\"white\"><b>broken.lrtemplate</b></font> "
                        "can't be processed by Stylewright."}
-        << QStringList{"plain.costyle"};
+        << QStringList{"plain.costyle"}
+        << QStringList{"1 converted, 0 skipped, 2 failed",
+                       "IN/notes.txt: failed: Unsupported preset format",
+                       "IN/broken.lrtemplate: failed: Can't read preset: Unexpected token type found. Expected token_type::comma, got token_type::rbrace",
+                       "Plain – IN/plain.xmp: converted into OUT/plain.costyle"};
     QTest::newRow("a missing output folder is made with its parents")
-        << "separate" << "gone/deeper" << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"};
+        << "separate" << "gone/deeper" << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"}
+        << QStringList{"1 converted, 0 skipped, 0 failed",
+                       "A from XMP – IN/a.xmp: converted into OUT/a.costyle"};
     QTest::newRow("a folder below a file: one box, nothing read")
         << "separate" << "file/styles" << QStringList{"a.xmp", "broken.lrtemplate"} << answers{} << QString()
-        << QStringList{"warning: Output folder can't be used: "} << none;
+        << QStringList{"warning: Output folder can't be used: "} << none << QStringList{};
     QTest::newRow("pack entries in name order") << "stylepack" << QString() << QStringList{"b.xmp", "a.xmp"} << answers{}
                                                 << "Looks.costylepack" << none
-                                                << QStringList{"Looks.costylepack:a.costyle b.costyle"};
+                                                << QStringList{"Looks.costylepack:a.costyle b.costyle"}
+        << QStringList{"2 converted, 0 skipped, 0 failed",
+                       "Style pack: OUT/Looks.costylepack",
+                       "B – IN/b.xmp: converted into the pack as b.costyle",
+                       "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
     QTest::newRow("pack with category, name typed without suffix")
         << "stylepack_category" << QString() << QStringList{"b.xmp", "a.xmp"} << answers{} << "Summer Looks" << none
-        << QStringList{"Summer Looks.costylepack:Summer Looks/a.costyle Summer Looks/b.costyle"};
+        << QStringList{"Summer Looks.costylepack:Summer Looks/a.costyle Summer Looks/b.costyle"}
+        << QStringList{"2 converted, 0 skipped, 0 failed",
+                       "Style pack: OUT/Summer Looks.costylepack",
+                       "B – IN/b.xmp: converted into the pack as b.costyle",
+                       "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
+    QTest::newRow("an empty file makes an empty style; a style that cannot be written fails quietly")
+        << "separate" << QString() << QStringList{"empty.xmp", "blocked.xmp"} << answers{} << QString() << none
+        << QStringList{"empty.costyle"}
+        << QStringList{"1 converted, 0 skipped, 1 failed",
+                       "IN/empty.xmp: converted into OUT/empty.costyle; empty style",
+                       "Blocked – IN/blocked.xmp: failed: Can't write style: Filename refers to a directory"};
     QTest::newRow("pack dialog cancelled") << "stylepack" << QString() << QStringList{"a.xmp"} << answers{} << QString()
-                                           << none << none;
+                                           << none << none
+        << QStringList{"1 converted, 0 skipped, 0 failed",
+                       "The style pack was not saved.",
+                       "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
 }
 
 void test_window::a_run_writes_what_the_answers_allow()
@@ -464,9 +510,13 @@ void test_window::a_run_writes_what_the_answers_allow()
     QFETCH(QString, pack_name);
     QFETCH(QStringList, boxes);
     QFETCH(QStringList, written);
+    QFETCH(QStringList, account);
 
     write_file(root->path() + QStringLiteral("/file"), "not a folder");
     write_file(output + QStringLiteral("/a.costyle"), "an old style");
+    // A folder where blocked.xmp's style would go: it cannot be written.
+    if (chosen.contains(QStringLiteral("blocked.xmp")))
+        QDir().mkpath(output + QStringLiteral("/blocked.costyle"));
     if (!output_below_root.isEmpty())
         output = root->path() + QLatin1Char('/') + output_below_root;
     make_window(format);
@@ -476,7 +526,8 @@ void test_window::a_run_writes_what_the_answers_allow()
     person.pack_name = pack_name;
     run(person);
 
-    QCOMPARE(person.open_dialog, (QStringList{"Load Lightroom Template", input, "Lightroom Templates(*.lrtemplate *.xmp)"}));
+    QCOMPARE(person.open_dialog, (QStringList{"Load Lightroom Template", input,
+                                              "Lightroom Templates(*.lrtemplate *.xmp);Zip Archives of Presets(*.zip)"}));
     QCOMPARE(person.save_dialog.isEmpty(), format == QLatin1String("separate") || chosen.isEmpty());
     QCOMPARE(person.boxes.size(), boxes.size());
     for (int i = 0; i < boxes.size(); ++i)
@@ -500,6 +551,13 @@ void test_window::a_run_writes_what_the_answers_allow()
         found << entry;
     }
     QCOMPARE(found, written);
+
+    const auto* shown = window->findChild<run_account*>();
+    QStringList told;
+    if (shown->isVisible())
+        told = shown->plain_text().replace(root->path() + QStringLiteral("/in"), QStringLiteral("IN"))
+                   .replace(output, QStringLiteral("OUT")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(told, account);
 }
 
 void test_window::dropped_files_and_folders_start_a_run()
@@ -523,6 +581,46 @@ void test_window::dropped_files_and_folders_start_a_run()
     QTRY_COMPARE(files_in(output), (QStringList{QStringLiteral("b.costyle"), QStringLiteral("y.costyle")}));
     QVERIFY(QFileInfo::exists(output + QStringLiteral("/deep/inside/x.costyle")));
     QCOMPARE(QSettings().value(settings_keys::input_dir.key).toString(), folder + QStringLiteral("/deep/inside"));
+
+    // The account's buttons: the folder opens in the file manager, the text
+    // goes to the clipboard as it reads.
+    auto* account = window->findChild<run_account*>();
+    QTRY_VERIFY(account->isVisible());
+    QCOMPARE(account->summary(), QStringLiteral("3 converted, 0 skipped, 0 failed"));
+    QVERIFY(button_with_tip(QStringLiteral("Show the folder the styles were written to"))->isEnabled());
+    button_with_tip(QStringLiteral("Show the folder the styles were written to"))->click();
+    QCOMPARE(browser.opened, QList<QUrl>{QUrl::fromLocalFile(output)});
+    button_with_tip(QStringLiteral("Copy this account as plain text"))->click();
+    QCOMPARE(QApplication::clipboard()->text(), account->plain_text());
+    QVERIFY(account->plain_text().startsWith(QStringLiteral("3 converted, 0 skipped, 0 failed\n")));
+
+    // Two dropped folders that each hold a Vintage: the second does not
+    // replace the first, it gets its folder's name.
+    write_file(root->path() + QStringLiteral("/Film 1/Vintage.xmp"), xmp(QStringLiteral("One")));
+    write_file(root->path() + QStringLiteral("/Film 2/Vintage.xmp"), xmp(QStringLiteral("Two")));
+    this->drop({root->path() + QStringLiteral("/Film 1"), root->path() + QStringLiteral("/Film 2")});
+    QTRY_COMPARE(account->summary(), QStringLiteral("2 converted, 0 skipped, 0 failed"));
+    QVERIFY(QFileInfo::exists(output + QStringLiteral("/Vintage.costyle")));
+    QVERIFY(QFileInfo::exists(output + QStringLiteral("/Vintage (Film 2).costyle")));
+
+    // A folder without presets: said so, nothing else.
+    QDir().mkpath(root->path() + QStringLiteral("/nothing"));
+    this->drop({root->path() + QStringLiteral("/nothing")});
+    QTRY_COMPARE(account->summary(), QStringLiteral("No presets found"));
+    QVERIFY(account->outcomes().isEmpty());
+}
+
+void test_window::drop(const QStringList& paths)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls << QUrl::fromLocalFile(path);
+    data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    QDropEvent drop(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
 }
 
 void test_window::progress_dialog_cancel_stops_after_the_current_preset()

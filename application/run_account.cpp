@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "application/run_account.h"
+
+#include "vel_toolkit/dark_button.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTreeWidget>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace {
+
+// Rows enough to see a small run at a glance; a longer one scrolls.
+constexpr int list_height = 170;
+
+enum column { preset_column, file_column, outcome_column, losses_column, column_count };
+
+// Dark like the log window; the text keeps well above 4.5:1 on its ground.
+QString list_sheet()
+{
+    return QStringLiteral("QTreeWidget{background-color:rgb(37,37,37);color:rgb(198,213,210);"
+                          "border:1px solid rgb(20,20,20);alternate-background-color:rgb(42,42,42);}"
+                          "QHeaderView::section{background-color:rgb(58,58,58);color:rgb(198,213,210);"
+                          "border:0px;border-right:1px solid rgb(37,37,37);padding:2px 4px;}"
+                          "QTreeWidget::item:selected{background-color:rgb(74,110,150);color:white;}");
+}
+
+QString outcome_cell(const preset_outcome& outcome)
+{
+    switch (outcome.kind) {
+    case outcome_kind::converted:
+        return (outcome.in_pack ? QCoreApplication::translate("run_account", "in the pack as %1")
+                                : QCoreApplication::translate("run_account", "written as %1"))
+            .arg(QDir::toNativeSeparators(QFileInfo(outcome.target).fileName()));
+    case outcome_kind::skipped:
+    case outcome_kind::failed:
+        return conversion_messages::outcome_line(outcome);
+    }
+    return QString();
+}
+
+} // namespace
+
+run_account::run_account(QWidget* parent) : QWidget(parent)
+{
+    auto* column_layout = new QVBoxLayout(this);
+    column_layout->setContentsMargins(0, 10, 0, 0);
+    column_layout->setSpacing(5);
+
+    auto* top = new QHBoxLayout;
+    top->setSpacing(6);
+    summary_label_ = new QLabel(this);
+    summary_label_->setObjectName(QStringLiteral("account_summary"));
+    summary_label_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    top->addWidget(summary_label_, 1);
+
+    const auto add_button = [&](const QString& text, const QString& tip, void (run_account::*slot)()) {
+        auto* button = new vel::dark_button(QString(), this);
+        button->setText(text);
+        button->setToolTip(tip);
+        connect(button, &QPushButton::clicked, this, slot);
+        top->addWidget(button);
+        return button;
+    };
+    open_button_ = add_button(tr("Open Folder"), tr("Show the folder the styles were written to"),
+                              &run_account::open_folder);
+    copy_button_ = add_button(tr("Copy"), tr("Copy this account as plain text"), &run_account::copy_text);
+    fold_button_ = add_button(tr("Hide Details"), tr("Show or hide the list of presets"), &run_account::toggle_list);
+    column_layout->addLayout(top);
+
+    pack_label_ = new QLabel(this);
+    pack_label_->setObjectName(QStringLiteral("account_pack"));
+    pack_label_->setWordWrap(true);
+    pack_label_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    pack_label_->hide();
+    column_layout->addWidget(pack_label_);
+
+    list_ = new QTreeWidget(this);
+    list_->setObjectName(QStringLiteral("account_list"));
+    list_->setColumnCount(column_count);
+    list_->setHeaderLabels({tr("Preset"), tr("File"), tr("Outcome"), tr("Left out")});
+    list_->setRootIsDecorated(false);
+    list_->setAlternatingRowColors(true);
+    list_->setUniformRowHeights(true);
+    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list_->setFixedHeight(list_height);
+    list_->setStyleSheet(list_sheet());
+    list_->header()->setStretchLastSection(true);
+    column_layout->addWidget(list_);
+
+    hide();
+}
+
+void run_account::begin()
+{
+    outcomes_.clear();
+    list_->clear();
+    folder_.clear();
+    pack_label_->clear();
+    pack_label_->hide();
+}
+
+void run_account::add(const preset_outcome& outcome)
+{
+    outcomes_.append(outcome);
+    const QString name = outcome.preset_name.isEmpty() ? QFileInfo(outcome.file).completeBaseName() : outcome.preset_name;
+    auto* item = new QTreeWidgetItem(list_);
+    item->setText(preset_column, name);
+    item->setText(file_column, QFileInfo(outcome.file).fileName());
+    item->setToolTip(file_column, QDir::toNativeSeparators(outcome.file));
+    item->setText(outcome_column, outcome_cell(outcome));
+    item->setToolTip(outcome_column, conversion_messages::outcome_line(outcome));
+    if (outcome.kind == outcome_kind::converted) {
+        const QString lost = conversion_messages::losses_text(outcome);
+        item->setText(losses_column, lost);
+        item->setToolTip(losses_column, outcome.losses.settings.join(QStringLiteral(", ")));
+    }
+    if (outcome.kind == outcome_kind::failed || outcome.empty_style)
+        item->setForeground(outcome_column, QColor(255, 150, 130));
+}
+
+void run_account::show_run(const outcome_counts& counts, const QString& folder)
+{
+    folder_ = folder;
+    summary_label_->setText(conversion_messages::summary_line(counts));
+    open_button_->setEnabled(!folder_.isEmpty() && QFileInfo(folder_).isDir());
+    copy_button_->setEnabled(true);
+    fold_button_->setEnabled(!outcomes_.isEmpty());
+    for (int c = 0; c < column_count - 1; ++c)
+        list_->resizeColumnToContents(c);
+    set_folded(outcomes_.isEmpty());
+    show();
+    emit height_changed();
+}
+
+void run_account::pack_written(const QString& path)
+{
+    folder_ = QFileInfo(path).absolutePath();
+    open_button_->setEnabled(true);
+    pack_label_->setText(tr("Style pack: %1").arg(QDir::toNativeSeparators(path)));
+    pack_label_->show();
+    emit height_changed();
+}
+
+void run_account::pack_not_written(const QString& path, const QString& reason)
+{
+    pack_label_->setText(path.isEmpty() ? tr("The style pack was not saved.")
+                                        : tr("The style pack %1 could not be written: %2")
+                                              .arg(QDir::toNativeSeparators(path), reason));
+    pack_label_->show();
+    emit height_changed();
+}
+
+void run_account::show_nothing_found()
+{
+    begin();
+    summary_label_->setText(tr("No presets found"));
+    open_button_->setEnabled(false);
+    copy_button_->setEnabled(true);
+    fold_button_->setEnabled(false);
+    set_folded(true);
+    show();
+    emit height_changed();
+}
+
+QString run_account::summary() const
+{
+    return summary_label_->text();
+}
+
+QString run_account::pack_line() const
+{
+    return pack_label_->isHidden() ? QString() : pack_label_->text();
+}
+
+QString run_account::plain_text() const
+{
+    QStringList lines{summary()};
+    if (!pack_line().isEmpty())
+        lines << pack_line();
+    for (const preset_outcome& outcome : outcomes_) {
+        const QString name = outcome.preset_name.isEmpty() ? QString() : outcome.preset_name + QStringLiteral(" – ");
+        lines << name + QDir::toNativeSeparators(outcome.file) + QStringLiteral(": ") +
+                     conversion_messages::outcome_line(outcome);
+    }
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+void run_account::open_folder()
+{
+    if (!folder_.isEmpty())
+        QDesktopServices::openUrl(QUrl::fromLocalFile(folder_));
+}
+
+void run_account::copy_text()
+{
+    QApplication::clipboard()->setText(plain_text());
+}
+
+void run_account::toggle_list()
+{
+    set_folded(!list_->isHidden());
+    emit height_changed();
+}
+
+void run_account::set_folded(bool folded)
+{
+    list_->setHidden(folded);
+    fold_button_->setText(folded ? tr("Show Details") : tr("Hide Details"));
+}
