@@ -2,12 +2,14 @@
 #include "vel_toolkit/help.h"
 
 #include "vel_toolkit/language.h"
+#include "vel_toolkit/private_folder.h"
 
 #include <QCoreApplication>
 #include <QDebug>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QTextStream>
 #include <QTextBrowser>
@@ -59,20 +61,29 @@ void open_help(const QString& path_template, const url_opener& open_url)
     const QString text = replace_shortcut_names(QString::fromUtf8(page), platform_shortcut_key_names());
 
     // The browser cannot read compiled-in resources: it gets a copy, one per
-    // language, replaced on every opening.
+    // language, replaced on every opening, in a folder only this user writes
+    // in. QSaveFile renames a new file over the name, so a file already there
+    // is replaced, never written through; a link it would follow to its
+    // target is removed first.
     const QString program = QCoreApplication::applicationName().toLower().remove(QLatin1Char(' '));
-    const QString copy_name = QDir::tempPath() + QStringLiteral("/%1_help_%2.html").arg(program, code);
+    const QString folder = private_folder();
+    const QString copy_name = folder + QStringLiteral("/%1_help_%2.html").arg(program, code);
+    if (QFileInfo(copy_name).isSymLink())
+        QFile::remove(copy_name);
     QSaveFile copy(copy_name);
-    if (!copy.open(QIODevice::WriteOnly)) {
-        qWarning() << "Could not write the help page to" << copy_name << ":" << copy.errorString();
-        return;
+    copy.setDirectWriteFallback(false);
+    bool written = !folder.isEmpty() && QDir().mkpath(folder) && copy.open(QIODevice::WriteOnly);
+    if (written) {
+        QTextStream stream(&copy);
+        stream.setCodec("UTF-8");
+        stream << text;
+        stream.flush();
+        written = copy.commit();
     }
-    QTextStream stream(&copy);
-    stream.setCodec("UTF-8");
-    stream << text;
-    stream.flush();
-    if (!copy.commit()) {
+    if (!written) {
+        // Help still shows, in the program's own window.
         qWarning() << "Could not write the help page to" << copy_name << ":" << copy.errorString();
+        show_help_window(text);
         return;
     }
     if (!open_url(QUrl::fromLocalFile(copy_name)))

@@ -149,6 +149,11 @@ void message_box::style_buttons()
         // Some platform styles put small pictograms on standard buttons; on
         // the dark buttons they only clutter the labels.
         each->setIcon(QIcon());
+        // The box keeps within a share of the screen and squeezes its
+        // buttons to do so; a label must never lose letters to that (long
+        // German answers at twice the scale did).
+        each->ensurePolished();
+        each->setMinimumWidth(each->sizeHint().width());
     }
 }
 

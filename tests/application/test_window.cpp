@@ -9,6 +9,8 @@
 #include "application/dialog_settings.h"
 #include "application/main_window.h"
 #include "application/run_account.h"
+#include "conversion/conversion_messages.h"
+#include "vel_toolkit/message_box.h"
 #include "application/settings_keys.h"
 #include "application/translation_loader.h"
 #include "vel_toolkit/about_dialog.h"
@@ -169,6 +171,7 @@ private:
     vel::dark_button* button_with_tip(const QString& tip) const;
     void run(session& person);
     void drop(const QStringList& paths);
+    void account_speaks_german();
 
     std::unique_ptr<QTemporaryDir> root;
     QString input;
@@ -371,6 +374,28 @@ void test_window::texts_qt_dialogs_and_help_speak_german()
             QFileDialog files(window.get());
             QCOMPARE(files.findChild<QLabel*>(QStringLiteral("lookInLabel"))->text(), QStringLiteral("Suchen in:"));
         }
+        // Every question box's buttons hold their German labels whole, at 1x
+        // and (as test_window_2x) at 2x.
+        const question_labels answers_de = conversion_messages::translated_labels();
+        QCOMPARE(answers_de.skip_all, QStringLiteral("Alle überspringen"));
+        QStringList clipped;
+        gui_test::modal_answer look([&](QWidget* box) {
+            for (const QPushButton* button : box->findChildren<QPushButton*>()) {
+                // The dark buttons' sheet pads the label by 14 pixels a side.
+                if (button->isVisible() &&
+                    button->fontMetrics().horizontalAdvance(button->text()) + 2 * 14 > button->width())
+                    clipped << QStringLiteral("%1 (%2 px)").arg(button->text()).arg(button->width());
+            }
+            qobject_cast<QDialog*>(box)->reject();
+        });
+        vel::message_box::question(window.get(), QStringLiteral("Titel"), QStringLiteral("Text"), answers_de.convert,
+                                   answers_de.skip, answers_de.convert_all, answers_de.skip_all, QMessageBox::Yes);
+        QVERIFY(look.answered());
+        QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(QStringLiteral(", "))));
+
+        // The run's account speaks German too.
+        account_speaks_german();
+
         button_with_tip(QStringLiteral("Hilfeseite zu diesem Programm anzeigen"))->click();
         QCOMPARE(browser.opened.size(), 1);
         QFile page(browser.opened.first().toLocalFile());
@@ -608,6 +633,20 @@ void test_window::dropped_files_and_folders_start_a_run()
     this->drop({root->path() + QStringLiteral("/nothing")});
     QTRY_COMPARE(account->summary(), QStringLiteral("No presets found"));
     QVERIFY(account->outcomes().isEmpty());
+}
+
+void test_window::account_speaks_german()
+{
+    QDir().mkpath(root->path() + QStringLiteral("/leer"));
+    drop({root->path() + QStringLiteral("/leer")});
+    QCOMPARE(window->findChild<run_account*>()->summary(), QStringLiteral("Keine Presets gefunden"));
+    drop({input + QStringLiteral("/plain.xmp"), input + QStringLiteral("/empty.xmp")});
+    auto* account = window->findChild<run_account*>();
+    QTRY_COMPARE(account->summary(), QStringLiteral("2 konvertiert, 0 übersprungen, 0 fehlgeschlagen"));
+    QVERIFY2(account->plain_text().contains(QStringLiteral("konvertiert in ")) &&
+                 account->plain_text().contains(QStringLiteral("leerer Stil")),
+             qPrintable(account->plain_text()));
+    QVERIFY(unreadable(window.get()).isEmpty());
 }
 
 void test_window::drop(const QStringList& paths)

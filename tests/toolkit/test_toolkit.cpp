@@ -8,6 +8,7 @@
 #include "vel_toolkit/clickable_label.h"
 #include "vel_toolkit/crash_handler.h"
 #include "vel_toolkit/help.h"
+#include "vel_toolkit/private_folder.h"
 #include "vel_toolkit/information_box.h"
 #include "vel_toolkit/language.h"
 #include "vel_toolkit/message_box.h"
@@ -213,7 +214,14 @@ private slots:
                  QStringLiteral("Ctrl+G, Strg+G, Ctrl, Ctrl+Klick"));
         QSettings().setValue("lang", "de");
         write_page("en", "<p>English</p>");
-        const QUrl copy = QUrl::fromLocalFile(QDir::tempPath() + "/stylewright_help_de.html");
+        const QUrl copy = QUrl::fromLocalFile(vel::private_folder() + "/stylewright_help_de.html");
+        QVERIFY(!vel::private_folder().isEmpty());
+        // A link planted under the copy's name is replaced, not written through.
+        const QString victim = QDir::tempPath() + "/victim.txt";
+        QFile planted(victim);
+        QVERIFY(planted.open(QIODevice::WriteOnly) && planted.write("keep") == 4);
+        planted.close();
+        QVERIFY(QFile::link(victim, copy.toLocalFile()));
         browser.opened.clear();
         // A UTF-8 copy of the page, replaced on opening again.
         for (const char* text : {"<p>StXrg+Umschalt+L öffnet das Protokoll</p>", "<p>zweite</p>"}) {
@@ -224,6 +232,8 @@ private slots:
             QCOMPARE(QString::fromUtf8(shown.readAll()), QString::fromUtf8(text).replace("StXrg", "Ctrl"));
         }
         QCOMPARE(browser.opened, QList<QUrl>({copy, copy}));
+        QVERIFY(!QFileInfo(copy.toLocalFile()).isSymLink());
+        QVERIFY(planted.open(QIODevice::ReadOnly) && planted.readAll() == "keep");
         // A language without a page: a warning, nothing opens.
         QSettings().setValue("lang", "kr");
         QTest::ignoreMessage(QtWarningMsg, qPrintable(QString("Could not open help file for language \"kr\" with "
