@@ -6,6 +6,7 @@
 // better; the aim is under 1.5 ms in a Release build). The parts are measured
 // on their own as well, to show where the time goes.
 
+#include "writer/colour_space.h"
 #include "conversion/preset_reading.h"
 #include "importer/lightroom_importer.h"
 #include "writer/costyle_writer.h"
@@ -57,7 +58,7 @@ void convert_every_preset(benchmark::State& state)
         state.SkipWithError("corpus folder absent");
         return;
     }
-    const QString colour_space = QStringLiteral("raw");
+    const QString space = colour_space_name(colour_space::raw);
     for (auto _ : state) {
         for (const QString& path : presets) {
             lightroom_importer record;
@@ -69,7 +70,7 @@ void convert_every_preset(benchmark::State& state)
             bool camera_calibration = false;
             writer.check_costyle(white_balance, dehaze, lut, camera_calibration, record);
             QString style;
-            writer.create_costyle(record, style, colour_space);
+            writer.create_costyle(record, style, space);
             benchmark::DoNotOptimize(style.constData());
         }
     }
@@ -108,11 +109,11 @@ void create_every_style(benchmark::State& state)
         read_preset(path, records.last());
     }
     const costyle_writer writer;
-    const QString colour_space = QStringLiteral("srgb");
+    const QString space = colour_space_name(colour_space::srgb);
     for (auto _ : state) {
         for (const lightroom_importer& record : records) {
             QString style;
-            writer.create_costyle(record, style, colour_space);
+            writer.create_costyle(record, style, space);
             benchmark::DoNotOptimize(style.constData());
         }
     }

@@ -2,6 +2,7 @@
 // Time of one style conversion (the writer already built), for a preset that
 // reaches every mapping group and for an empty one.
 
+#include "writer/colour_space.h"
 #include "importer/lightroom_importer.h"
 #include "writer/costyle_writer.h"
 
@@ -41,10 +42,10 @@ void convert(benchmark::State& state, const lightroom_importer& preset)
 {
     qInstallMessageHandler(silent); // the curve steps log every point
     const costyle_writer writer;
-    const QString colour_space = QStringLiteral("srgb");
+    const QString space = colour_space_name(colour_space::srgb);
     for (auto _ : state) {
         QString out;
-        writer.create_costyle(preset, out, colour_space);
+        writer.create_costyle(preset, out, space);
         benchmark::DoNotOptimize(out);
     }
     qInstallMessageHandler(nullptr);

@@ -12,6 +12,8 @@
 // private settings folders: the user's settings are never touched.
 
 #include "application/main_window.h"
+#include "application/settings_keys.h"
+#include "conversion/output_format.h"
 #include "conversion/preset_reading.h"
 #include "importer/lightroom_importer.h"
 #include "vel_toolkit/qt_message_handler.h"
@@ -128,8 +130,8 @@ int main(int argc, char** argv)
                     QStringLiteral("%1/%2-%3").arg(input).arg(i, 5, 10, QLatin1Char('0')).arg(source.fileName()));
     }
     QSettings settings;
-    settings.setValue(QStringLiteral("output_dir"), output);
-    settings.setValue(QStringLiteral("format"), QStringLiteral("separate"));
+    settings.setValue(settings_keys::output_dir.key, output);
+    settings.setValue(settings_keys::format.key, output_format_name(output_format::separate));
     settings.sync();
 
     MainWindow window;

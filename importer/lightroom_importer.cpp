@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "importer/lightroom_importer.h"
 
-#include "importer/lua_parser.h"
+#include "importer/lrparser.h"
 
 #include <QFile>
 #include <QLatin1String>

@@ -8,6 +8,7 @@
 // failure boxes with OK. Run it under xvfb-run; uses private settings.
 #include "application/application_look.h"
 #include "application/main_window.h"
+#include "application/settings_keys.h"
 #include "application/translation_loader.h"
 #include "vel_toolkit/qt_message_handler.h"
 
@@ -88,8 +89,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "no presets in %s\n", qPrintable(source));
         return 2;
     }
-    QSettings().setValue(QStringLiteral("lang"), language);
-    QSettings().setValue(QStringLiteral("output_dir"), private_root.path() + QStringLiteral("/styles"));
+    QSettings().setValue(settings_keys::lang, language);
+    QSettings().setValue(settings_keys::output_dir.key, private_root.path() + QStringLiteral("/styles"));
     QDir().mkpath(private_root.path() + QStringLiteral("/styles"));
     const auto translators = install_translators(language);
 

@@ -4,6 +4,7 @@
 // Run it under a real X server (xvfb-run) to see the windows as the X11
 // build draws them. Uses private settings; never the user's.
 #include "application/application_look.h"
+#include "conversion/conversion_messages.h"
 #include "application/dialog_settings.h"
 #include "application/main_window.h"
 #include "application/settings_keys.h"
@@ -200,31 +201,30 @@ int main(int argc, char** argv)
     }
     information.hide();
 
-    vel::message_box question(QMessageBox::Question, QStringLiteral("White balance modified by preset"),
-                              QStringLiteral("Your preset <font color=\"white\"><b>Übergang Ölig ẾẶ Йё</b></font> contains "
-                                             "values for the white balance."),
+    // The boxes a run shows, with the program's own (translated) messages.
+    const question_labels labels = conversion_messages::translated_labels();
+    const conversion_question asked = conversion_messages::white_balance_question(
+        QStringLiteral("Übergang.xmp"), QStringLiteral("Übergang Ölig ẾẶ Йё"), labels);
+    vel::message_box question(QMessageBox::Question, asked.title, asked.text,
                               QMessageBox::Yes | QMessageBox::No | QMessageBox::YesToAll | QMessageBox::NoToAll,
                               &window);
-    question.button(QMessageBox::Yes)->setText(QStringLiteral("Convert"));
-    question.button(QMessageBox::No)->setText(QStringLiteral("Skip"));
-    question.button(QMessageBox::YesToAll)->setText(QStringLiteral("Convert All"));
-    question.button(QMessageBox::NoToAll)->setText(QStringLiteral("Skip All"));
+    question.button(QMessageBox::Yes)->setText(labels.convert);
+    question.button(QMessageBox::No)->setText(labels.skip);
+    question.button(QMessageBox::YesToAll)->setText(labels.convert_all);
+    question.button(QMessageBox::NoToAll)->setText(labels.skip_all);
     question.show();
     save(&question, folder, QStringLiteral("question_") + language);
     question.hide();
 
-    vel::message_box warning(QMessageBox::Warning, QStringLiteral("Preset conversion failed"),
-                             QStringLiteral("The preset <font color=\"white\"><b>Broken.xmp</b></font> could not be "
-                                            "converted to Capture One format."),
-                             QMessageBox::Ok, &window);
+    const conversion_failure failed = conversion_messages::conversion_failed(QStringLiteral("Broken.xmp"));
+    vel::message_box warning(QMessageBox::Warning, failed.title, failed.text, QMessageBox::Ok, &window);
     warning.show();
     save(&warning, folder, QStringLiteral("warning_") + language);
     warning.hide();
 
-    vel::message_box critical(QMessageBox::Critical, QStringLiteral("Can't read preset"),
-                              QStringLiteral("Your preset <font color=\"white\"><b>Odd.lrtemplate</b></font> can't "
-                                             "be processed by Stylewright."),
-                              QMessageBox::Ok, &window);
+    const conversion_failure unreadable = conversion_messages::unreadable_preset(
+        QStringLiteral("Odd.lrtemplate"), QStringLiteral("Unexpected token type found."));
+    vel::message_box critical(QMessageBox::Critical, unreadable.title, unreadable.text, QMessageBox::Ok, &window);
     critical.show();
     save(&critical, folder, QStringLiteral("critical_") + language);
     critical.hide();

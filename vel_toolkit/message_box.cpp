@@ -149,12 +149,19 @@ void message_box::style_buttons()
         // Some platform styles put small pictograms on standard buttons; on
         // the dark buttons they only clutter the labels.
         each->setIcon(QIcon());
-        // The box keeps within a share of the screen and squeezes its
-        // buttons to do so; a label must never lose letters to that (long
-        // German answers at twice the scale did).
+    }
+}
+
+void message_box::showEvent(QShowEvent* event)
+{
+    // The box keeps within a share of the screen and squeezes its buttons to
+    // do so; a label must never lose letters to that (long German answers at
+    // twice the scale did). Measured here, with the labels as they are shown.
+    for (QAbstractButton* each : buttons()) {
         each->ensurePolished();
         each->setMinimumWidth(each->sizeHint().width());
     }
+    QMessageBox::showEvent(event);
 }
 
 void message_box::add_closing_answer()

@@ -37,6 +37,9 @@ public:
                                    const QString& yes_to_all_text, const QString& no_to_all_text,
                                    StandardButton default_button = Yes);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     static StandardButton show_box(Icon icon, QWidget* parent, const QString& title, const QString& text,
                                    StandardButtons buttons, StandardButton default_button);

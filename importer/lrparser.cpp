@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "importer/lua_parser.h"
+#include "importer/lrparser.h"
 
 #include "importer/lightroom_importer.h"
 
