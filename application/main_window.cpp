@@ -162,7 +162,7 @@ void MainWindow::setup_layout()
     output_folder_field->setReadOnly(true);
     output_folder_field->setFixedHeight(field_height);
     output_folder_field->setMinimumWidth(field_minimum_width);
-    output_folder_field->setText(output_folder());
+    output_folder_field->setText(QDir::toNativeSeparators(output_folder()));
     output_folder_field->setToolTip(folder_tip);
 
     auto* open_button = body->cell(1, 0, new vel::dark_button(QString(), central));
@@ -411,7 +411,7 @@ void MainWindow::on_button_output_folder_clicked()
     if (folder.isEmpty())
         return;
     settings.setValue(settings_keys::output_dir.key, folder);
-    output_folder_field->setText(folder);
+    output_folder_field->setText(QDir::toNativeSeparators(folder));
 }
 
 void MainWindow::on_button_settings_clicked()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/cli_program.h"
+#include "cli/standard_streams.h"
 
 #include "conversion/conversion_run.h"
 #include "conversion/held_log.h"
@@ -178,6 +179,7 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
 
 int run_cli(const QStringList& arguments)
 {
+    keep_standard_streams_byte_exact();
     const parsed_command_line parsed = parse_command_line(arguments);
     switch (parsed.outcome) {
     case parse_outcome::help:

@@ -98,4 +98,12 @@ if ! built "$stamp"; then
     touch "$stamp_dir/$stamp"
 fi
 
+# lrelease and lupdate are host programs and their .qm files the same on every
+# system: the cross Qt finds the build machine's through a link, whose real
+# path tells the host's configuration to use the host's programs.
+host_linguist=/usr/lib/x86_64-linux-gnu/cmake/Qt5LinguistTools
+if [ -d "$host_linguist" ]; then
+    ln -sfn "$host_linguist" "$mingw_prefix/lib/cmake/Qt5LinguistTools"
+fi
+
 echo "The Windows toolchain is in $mingw_prefix."

@@ -13,6 +13,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -131,6 +132,22 @@ void prepare(const QString& folder, const QString& line)
     }
 }
 
+// The shell lines use Linux's tools (script, /dev/full, ulimit).
+#ifdef Q_OS_LINUX
+constexpr bool shell_lines_run = true;
+#else
+constexpr bool shell_lines_run = false;
+#endif
+
+// The record without the blocks of the lines that do not run here.
+QString expected_transcript()
+{
+    QStringList blocks = test_support::read_golden(data + QStringLiteral("/transcript.txt")).split(QStringLiteral("\n\n"));
+    if (!shell_lines_run)
+        blocks.erase(std::remove_if(blocks.begin(), blocks.end(), [](const QString& block) { return block.startsWith(QLatin1String("$sh ")); }), blocks.end());
+    return blocks.join(QStringLiteral("\n\n"));
+}
+
 QString transcript()
 {
     QFile commands(data + QStringLiteral("/commands.txt"));
@@ -145,6 +162,10 @@ QString transcript()
         }
         if (!line.startsWith(QLatin1Char('$')))
             continue;
+        if (line.startsWith(QLatin1String("$sh ")) && !shell_lines_run) {
+            preparations.clear();
+            continue;
+        }
         QTemporaryDir work;
         const QMap<QString, QByteArray> template_files = files_below(data + QStringLiteral("/work"));
         for (auto it = template_files.cbegin(); it != template_files.cend(); ++it)
@@ -180,5 +201,8 @@ QString transcript()
 TEST(transcript, every_command_says_exits_and_writes_as_recorded)
 {
     const QString actual = transcript();
-    test_support::expect_golden(data + QStringLiteral("/transcript.txt"), actual);
+    if (shell_lines_run)
+        test_support::expect_golden(data + QStringLiteral("/transcript.txt"), actual);
+    else
+        test_support::expect_same_lines(expected_transcript(), actual, QStringLiteral("transcript.txt without its shell lines"));
 }

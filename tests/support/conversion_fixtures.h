@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/test_support.h"
 #include <QDir>
 #include <QFile>
 #include <QMap>

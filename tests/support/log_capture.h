@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Shared by the tests of color/, importer/ and writer/: readable QString
-// values in failure messages and a recorder of Qt's log.
+// Shared by the tests of color/, importer/ and writer/: a recorder of Qt's log.
+
+#include "support/test_support.h"
 
 #include <QStringList>
 #include <algorithm>
 #include <ostream>
 #include <vector>
-
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
 
 namespace test_support {
 

@@ -3,6 +3,25 @@
 
 #include <QDir>
 #include <QString>
+#include <QStringList>
+
+#include <ostream>
+
+// GoogleTest prints a failed comparison's values through these: text as text.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QStringList& list, std::ostream* out)
+{
+    *out << "{ ";
+    for (const QString& text : list) {
+        PrintTo(text, out);
+        *out << ' ';
+    }
+    *out << '}';
+}
 
 namespace test_support {
 
