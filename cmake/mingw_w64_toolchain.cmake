@@ -14,6 +14,11 @@ set(stylewright_mingw_triple x86_64-w64-mingw32)
 set(CMAKE_C_COMPILER ${stylewright_mingw_triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${stylewright_mingw_triple}-g++-posix)
 set(CMAKE_RC_COMPILER ${stylewright_mingw_triple}-windres)
+# The compilers' "-posix" ending hides the tools' common prefix from CMake.
+set(CMAKE_AR ${stylewright_mingw_triple}-gcc-ar-posix)
+set(CMAKE_RANLIB ${stylewright_mingw_triple}-gcc-ranlib-posix)
+set(CMAKE_STRIP ${stylewright_mingw_triple}-strip)
+set(CMAKE_OBJDUMP ${stylewright_mingw_triple}-objdump)
 
 if(NOT STYLEWRIGHT_MINGW_PREFIX)
     if(DEFINED ENV{STYLEWRIGHT_MINGW_PREFIX})
@@ -42,9 +47,10 @@ set(ENV{PKG_CONFIG_LIBDIR} "${STYLEWRIGHT_MINGW_PREFIX}/lib/pkgconfig")
 set(ENV{PKG_CONFIG_PATH} "")
 set(ENV{PKG_CONFIG_SYSROOT_DIR} "")
 
-# Test programs run under Wine, which finds the DLLs of Qt, libzip, zlib and
-# the MinGW runtime through WINEPATH (set by the project for its tests).
-find_program(STYLEWRIGHT_WINE NAMES wine wine64)
+# Test programs run under Wine, in a Wine folder of its own, finding the DLLs
+# of Qt, libzip, zlib and the MinGW runtime (scripts/windows/wine_run.sh).
+find_program(STYLEWRIGHT_WINE NAMES wine64 wine)
 if(STYLEWRIGHT_WINE)
-    set(CMAKE_CROSSCOMPILING_EMULATOR "${STYLEWRIGHT_WINE}")
+    set(CMAKE_CROSSCOMPILING_EMULATOR
+        "${CMAKE_CURRENT_LIST_DIR}/../scripts/windows/wine_run.sh;--prefix=${STYLEWRIGHT_MINGW_PREFIX}")
 endif()

@@ -8,7 +8,12 @@
 #                free of reports;
 #   build/fuzz   the libFuzzer harnesses built with clang, each run briefly
 #                over its corpus (skipped when clang or its fuzzer runtime is
-#                missing).
+#                missing);
+#   build/windows the program cross-built for Windows with its tests run
+#                under Wine and its installer checked there
+#                (scripts/package_windows.sh; the first run on a machine also
+#                builds Qt for Windows, about 25 minutes on two cores).
+#                STYLEWRIGHT_SKIP_WINDOWS=1 leaves it out.
 # Every stage runs even when an earlier one failed; the exit status says
 # whether all passed.
 set -uo pipefail
@@ -67,6 +72,14 @@ else
     echo "Skipped: clang++ with the libFuzzer runtime (libclang-rt-14-dev) is not available."
 fi
 rm -rf "$probe_dir"
+
+# 4. Windows, cross-built and run under Wine.
+stage "Windows cross build, tests under Wine, installer (build/windows)"
+if [ "${STYLEWRIGHT_SKIP_WINDOWS:-0}" = 1 ]; then
+    echo "Skipped: STYLEWRIGHT_SKIP_WINDOWS=1."
+else
+    "$root/scripts/package_windows.sh" || failed+=("windows")
+fi
 
 echo
 if [ ${#failed[@]} -ne 0 ]; then

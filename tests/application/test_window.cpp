@@ -519,6 +519,14 @@ void test_window::a_run_writes_what_the_answers_allow_data()
         << QStringList{"1 converted, 0 skipped, 1 failed",
                        "IN/empty.xmp: converted into OUT/empty.costyle; empty style",
                        "Blocked – IN/blocked.xmp: failed: Can't write style: Filename refers to a directory"};
+    // No file can be made in /proc, not even by root.
+    const QString unwritable = QStringLiteral("/proc/Looks.costylepack");
+    QTest::newRow("a pack that cannot be saved says where and why")
+        << "stylepack" << QString() << QStringList{"a.xmp"} << answers{} << unwritable << none << none
+        << QStringList{"0 converted, 0 skipped, 1 failed",
+                       "The style pack /proc/Looks.costylepack could not be written: "
+                       "Failure to create temporary file: No such file or directory",
+                       "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
     QTest::newRow("pack dialog cancelled") << "stylepack" << QString() << QStringList{"a.xmp"} << answers{} << QString()
                                            << none << none
         << QStringList{"1 converted, 0 skipped, 0 failed",
@@ -542,6 +550,7 @@ void test_window::a_run_writes_what_the_answers_allow()
     // A folder where blocked.xmp's style would go: it cannot be written.
     if (chosen.contains(QStringLiteral("blocked.xmp")))
         QDir().mkpath(output + QStringLiteral("/blocked.costyle"));
+
     if (!output_below_root.isEmpty())
         output = root->path() + QLatin1Char('/') + output_below_root;
     make_window(format);

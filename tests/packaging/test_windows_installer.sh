@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# test_windows_installer.sh BUILD_DIR DATA_DIR CORPUS_DIR WINE_RUN TOOLCHAIN_PREFIX
+# Builds the NSIS installer of the cross build with CPack and checks it under
+# Wine, in a Wine folder of its own: /S installs it into Program Files with
+# its files, Start-menu entry and Apps & features entry; the installed
+# converter writes every corpus style as recorded (UUID aside); the installed
+# window program starts and stays up; /S on the uninstaller removes every
+# installed file and both entries again.
+# Exits 77 (skipped) when a tool is missing.
+set -euo pipefail
+build_dir="$1" data_dir="$2" corpus_dir="$3" wine_run="$4" toolchain_prefix="$5"
+skip() { echo "SKIP: $*"; exit 77; }
+fail() { echo "FAIL: $*"; exit 1; }
+command -v cpack >/dev/null || skip "cpack is not installed"
+command -v makensis >/dev/null || skip "makensis (nsis) is not installed"
+command -v wine64 >/dev/null || command -v wine >/dev/null || skip "wine is not installed"
+
+work="$(mktemp -d)"
+export STYLEWRIGHT_WINEPREFIX="$work/wine"
+trap 'WINEPREFIX="$STYLEWRIGHT_WINEPREFIX" wineserver -k 2>/dev/null || true; rm -rf "$work"' EXIT
+run() { "$wine_run" "--prefix=$toolchain_prefix" "$@"; }
+
+cpack --config "$build_dir/CPackConfig.cmake" -B "$work/cpack" >"$work/cpack.log" 2>&1 \
+    || { cat "$work/cpack.log"; fail "cpack could not build the installer"; }
+installer="$work/cpack/Stylewright-1.0.8-win64.exe"
+[ -f "$installer" ] || fail "no installer: $(ls "$work/cpack")"
+
+run "$installer" /S || fail "the silent installation failed"
+drive_c="$STYLEWRIGHT_WINEPREFIX/drive_c"
+folder="$drive_c/Program Files/Stylewright"
+[ -d "$folder" ] || fail "nothing in Program Files: $(ls "$drive_c/Program Files")"
+(cd "$folder" && find . -type f | sed 's|^\./||' | LC_ALL=C sort) >"$work/installed"
+diff -u "$data_dir/windows_files" "$work/installed" || fail "the installed files differ"
+run reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Stylewright' >"$work/uninstall_entry" 2>&1 \
+    || fail "no entry in Apps & features"
+grep -q 'DisplayName.*Stylewright 1.0.8' "$work/uninstall_entry" || fail "Apps & features entry: $(cat "$work/uninstall_entry")"
+start_menu="$drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs/Stylewright"
+[ -f "$start_menu/Stylewright.lnk" ] || fail "no Start-menu entry: $(ls -R "$drive_c/ProgramData/Microsoft/Windows/Start Menu" 2>&1)"
+
+cli='C:\Program Files\Stylewright\stylewright-cli.exe'
+[ "$(run "$cli" --version | tr -d '\r')" = "Stylewright 1.0.8" ] || fail "--version"
+if [ -d "$corpus_dir" ]; then
+    # Every corpus style for raw files, one preset at a time, against the
+    # digests the Linux build recorded (the corpus record's "raw" lines).
+    mkdir -p "$work/styles"
+    (cd "$work/styles" && run "$cli" -j 1 -o out "$corpus_dir") >"$work/cli.log" 2>&1 || true
+    (cd "$work/styles/out" && find . -type f -name '*.costyle' | sed 's|^\./||' | LC_ALL=C sort | while IFS= read -r style; do
+        printf 'raw %s\t%s\n' "$style" "$(sed 's/<E K="UUID"[^>]*>//' "$style" | sha1sum | cut -d' ' -f1)"
+    done) >"$work/digests"
+    grep -P '^raw (?!messages)' "$data_dir/../../cli/data/corpus_golden.tsv" | LC_ALL=C sort >"$work/recorded"
+    diff -u "$work/recorded" "$work/digests" || fail "the installed converter's styles differ from the record"
+    echo "$(wc -l <"$work/digests") corpus styles as recorded"
+fi
+
+# The window program, started as a user starts it, must still be running
+# after a few seconds (a missing DLL or plugin ends it at once).
+QT_QPA_PLATFORM=offscreen run 'C:\Program Files\Stylewright\stylewright.exe' >"$work/window.log" 2>&1 &
+window=$!
+sleep 8
+kill -0 "$window" 2>/dev/null || { cat "$work/window.log"; fail "the window program ended at once"; }
+WINEPREFIX="$STYLEWRIGHT_WINEPREFIX" wineserver -k 2>/dev/null || true
+wait "$window" 2>/dev/null || true
+
+run "$folder/Uninstall.exe" /S || fail "the silent uninstallation failed"
+# The uninstaller copies itself away and returns at once; its copy removes
+# the folder, the uninstaller included.
+for _ in $(seq 60); do [ -e "$folder" ] || break; sleep 1; done
+[ ! -e "$folder" ] || fail "left after uninstalling: $(cd "$folder" && find . -type f)"
+[ ! -e "$start_menu" ] || fail "the Start-menu entry is left"
+! run reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Stylewright' >/dev/null 2>&1 \
+    || fail "the Apps & features entry is left"
+echo "installed, converted, started and removed"
