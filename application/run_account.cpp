@@ -15,12 +15,20 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 // Rows enough to see a small run at a glance; a longer one scrolls.
 constexpr int list_height = 170;
 
-enum column { preset_column, file_column, outcome_column, losses_column, column_count };
+// What a person looks for first comes first: the file, which the name mostly
+// repeats, is last; each column's full text is its tooltip.
+enum column { preset_column, outcome_column, losses_column, file_column, column_count };
+
+// No column but the last takes more of the list's width than this share, so
+// the outcome is in view without scrolling sideways.
+constexpr int widest_column_percent = 40;
 
 // Dark like the log window; the text keeps well above 4.5:1 on its ground.
 QString list_sheet()
@@ -85,7 +93,7 @@ run_account::run_account(QWidget* parent) : QWidget(parent)
     list_ = new QTreeWidget(this);
     list_->setObjectName(QStringLiteral("account_list"));
     list_->setColumnCount(column_count);
-    list_->setHeaderLabels({tr("Preset"), tr("File"), tr("Outcome"), tr("Left out")});
+    list_->setHeaderLabels({tr("Preset"), tr("Outcome"), tr("Left out"), tr("File")});
     list_->setRootIsDecorated(false);
     list_->setAlternatingRowColors(true);
     list_->setUniformRowHeights(true);
@@ -113,6 +121,7 @@ void run_account::add(const preset_outcome& outcome)
     const QString name = outcome.preset_name.isEmpty() ? QFileInfo(outcome.file).completeBaseName() : outcome.preset_name;
     auto* item = new QTreeWidgetItem(list_);
     item->setText(preset_column, name);
+    item->setToolTip(preset_column, name);
     item->setText(file_column, QFileInfo(outcome.file).fileName());
     item->setToolTip(file_column, QDir::toNativeSeparators(outcome.file));
     item->setText(outcome_column, outcome_cell(outcome));
@@ -120,7 +129,8 @@ void run_account::add(const preset_outcome& outcome)
     if (outcome.kind == outcome_kind::converted) {
         const QString lost = conversion_messages::losses_text(outcome);
         item->setText(losses_column, lost);
-        item->setToolTip(losses_column, outcome.losses.settings.join(QStringLiteral(", ")));
+        const QString settings = outcome.losses.settings.join(QStringLiteral(", "));
+        item->setToolTip(losses_column, settings.isEmpty() ? lost : settings);
     }
     if (outcome.kind == outcome_kind::failed || outcome.empty_style)
         item->setForeground(outcome_column, QColor(255, 150, 130));
@@ -133,11 +143,25 @@ void run_account::show_run(const outcome_counts& counts, const QString& folder)
     open_button_->setEnabled(!folder_.isEmpty() && QFileInfo(folder_).isDir());
     copy_button_->setEnabled(true);
     fold_button_->setEnabled(!outcomes_.isEmpty());
-    for (int c = 0; c < column_count - 1; ++c)
-        list_->resizeColumnToContents(c);
+    fit_columns();
     set_folded(outcomes_.isEmpty());
     show();
     emit height_changed();
+}
+
+void run_account::fit_columns()
+{
+    const int widest = list_->viewport()->width() * widest_column_percent / 100;
+    for (int c = 0; c < column_count - 1; ++c) {
+        list_->resizeColumnToContents(c);
+        list_->setColumnWidth(c, std::min(list_->columnWidth(c), widest));
+    }
+}
+
+void run_account::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fit_columns();
 }
 
 void run_account::pack_written(const QString& path)

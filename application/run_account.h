@@ -48,8 +48,14 @@ private slots:
     void copy_text();
     void toggle_list();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void set_folded(bool folded);
+    // Each column as wide as its texts, none but the last wider than its
+    // share of the list, whose width is known only once it is laid out.
+    void fit_columns();
 
     QLabel* summary_label_ = nullptr;
     QLabel* pack_label_ = nullptr;

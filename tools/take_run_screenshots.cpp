@@ -4,11 +4,13 @@
 // Drops <count> presets (default 200, the presets of <preset folder> repeated
 // under numbered names) onto the main window and saves the screen with the
 // first question box in front of the progress dialog, and the progress
-// dialog alone further into the run. Questions are answered "Convert All",
+// dialog alone further into the run, and the window with the run's account
+// at its end. Questions are answered "Convert All",
 // failure boxes with OK. Run it under xvfb-run; uses private settings.
 #include "application/application_look.h"
 #include "application/main_window.h"
 #include "application/settings_keys.h"
+#include "conversion/output_format.h"
 #include "application/translation_loader.h"
 #include "vel_toolkit/qt_message_handler.h"
 
@@ -91,6 +93,8 @@ int main(int argc, char** argv)
     }
     QSettings().setValue(settings_keys::lang, language);
     QSettings().setValue(settings_keys::output_dir.key, private_root.path() + QStringLiteral("/styles"));
+    // Separate styles: the run ends without a dialog, in its account.
+    QSettings().setValue(settings_keys::format.key, output_format_name(output_format::separate));
     QDir().mkpath(private_root.path() + QStringLiteral("/styles"));
     const auto translators = install_translators(language);
 
@@ -150,6 +154,9 @@ int main(int argc, char** argv)
     QDropEvent drop(QPoint(40, 40), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&window, &drop);
     QApplication::exec();
+    // The window after the run, with its account of what the run did.
+    QCoreApplication::processEvents();
+    save_screen(folder, QStringLiteral("run_account_") + language);
 
     if (!question_taken || !progress_taken)
         std::fprintf(stderr, "missing: %s%s\n", question_taken ? "" : "question ", progress_taken ? "" : "progress");
