@@ -40,6 +40,16 @@ QString list_sheet()
                           "QTreeWidget::item:selected{background-color:rgb(74,110,150);color:white;}");
 }
 
+// The outcome with its paths as the system writes them (C:\\Users\\...); a
+// pack's entry keeps the archive's own '/'.
+preset_outcome with_native_paths(preset_outcome outcome)
+{
+    outcome.file = QDir::toNativeSeparators(outcome.file);
+    if (!outcome.in_pack)
+        outcome.target = QDir::toNativeSeparators(outcome.target);
+    return outcome;
+}
+
 QString outcome_cell(const preset_outcome& outcome)
 {
     switch (outcome.kind) {
@@ -125,7 +135,7 @@ void run_account::add(const preset_outcome& outcome)
     item->setText(file_column, QFileInfo(outcome.file).fileName());
     item->setToolTip(file_column, QDir::toNativeSeparators(outcome.file));
     item->setText(outcome_column, outcome_cell(outcome));
-    item->setToolTip(outcome_column, conversion_messages::outcome_line(outcome));
+    item->setToolTip(outcome_column, conversion_messages::outcome_line(with_native_paths(outcome)));
     if (outcome.kind == outcome_kind::converted) {
         const QString lost = conversion_messages::losses_text(outcome);
         item->setText(losses_column, lost);
@@ -211,8 +221,8 @@ QString run_account::plain_text() const
         lines << pack_line();
     for (const preset_outcome& outcome : outcomes_) {
         const QString name = outcome.preset_name.isEmpty() ? QString() : outcome.preset_name + QStringLiteral(" – ");
-        lines << name + QDir::toNativeSeparators(outcome.file) + QStringLiteral(": ") +
-                     conversion_messages::outcome_line(outcome);
+        const preset_outcome shown = with_native_paths(outcome);
+        lines << name + shown.file + QStringLiteral(": ") + conversion_messages::outcome_line(shown);
     }
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }

@@ -106,4 +106,9 @@ if [ -d "$host_linguist" ]; then
     ln -sfn "$host_linguist" "$mingw_prefix/lib/cmake/Qt5LinguistTools"
 fi
 
+# The offscreen platform, on which the widget tests run under Wine, draws
+# with FreeType from Qt's own font folder: Debian's FreeFont, as embedded in
+# the program.
+ln -sfn /usr/share/fonts/truetype/freefont "$mingw_prefix/lib/fonts"
+
 echo "The Windows toolchain is in $mingw_prefix."

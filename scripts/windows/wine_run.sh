@@ -19,8 +19,9 @@ export WINEPREFIX="${STYLEWRIGHT_WINEPREFIX:-$(dirname "$prefix")/wine}"
 export WINEDEBUG="${WINEDEBUG:--all}"
 # No dialog asking to install Mono or Gecko, which nothing here uses.
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=}"
-# Qt's plugins (the offscreen platform for the widget tests) from the toolchain.
-export QT_PLUGIN_PATH="Z:${prefix//\//\\}\\plugins"
+# Wine hands no QT_* variable to Windows programs: Qt finds its plugins and
+# the offscreen platform's fonts in the toolchain, and the tests take their
+# scale factor as STYLEWRIGHT_TEST_SCALE_FACTOR.
 wine="$(command -v wine64 || command -v wine)"
 if [ ! -d "$WINEPREFIX" ]; then
     mkdir -p "$(dirname "$WINEPREFIX")"

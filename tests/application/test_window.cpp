@@ -5,6 +5,7 @@
 #include "support/gui_test_main.h"
 #include "support/modal_answer.h"
 #include "support/url_catcher.h"
+#include "support/conversion_fixtures.h"
 
 #include "application/dialog_settings.h"
 #include "application/main_window.h"
@@ -428,7 +429,8 @@ void test_window::chosen_output_folder_is_stored_and_shown()
     button_with_tip(QStringLiteral("Select the folder where the converted Lightroom presets will be saved."))->click();
     QCOMPARE(seen, QStringLiteral("Select output folder|%1|").arg(output));
     QCOMPARE(QSettings().value(settings_keys::output_dir.key).toString(), chosen);
-    QCOMPARE(window->findChild<vel::line_edit*>()->text(), chosen);
+    // Shown as the system writes paths; stored as Qt does.
+    QCOMPARE(window->findChild<vel::line_edit*>()->text(), QDir::toNativeSeparators(chosen));
 }
 
 void test_window::a_run_writes_what_the_answers_allow_data()
@@ -575,11 +577,7 @@ void test_window::a_run_writes_what_the_answers_allow()
             continue;
         QString entry = file;
         if (file.endsWith(QLatin1String(".costylepack"))) {
-            QProcess zipinfo;
-            zipinfo.start(QStringLiteral("zipinfo"), {QStringLiteral("-1"), content.fileName()});
-            QVERIFY2(zipinfo.waitForFinished(), "zipinfo is part of the unzip package");
-            entry += QLatin1Char(':') + QString::fromUtf8(zipinfo.readAllStandardOutput()).simplified();
-        } else if (text.contains("A from template")) {
+            entry += QLatin1Char(':') + fixtures::zip_entries(content.fileName()).join(QLatin1Char(' '));        } else if (text.contains("A from template")) {
             entry += QStringLiteral(":A from template");
         }
         found << entry;
@@ -588,8 +586,9 @@ void test_window::a_run_writes_what_the_answers_allow()
 
     const auto* shown = window->findChild<run_account*>();
     QStringList told;
+    // Paths as the system writes them, read back with '/' to compare.
     if (shown->isVisible())
-        told = shown->plain_text().replace(root->path() + QStringLiteral("/in"), QStringLiteral("IN"))
+        told = QDir::fromNativeSeparators(shown->plain_text()).replace(root->path() + QStringLiteral("/in"), QStringLiteral("IN"))
                    .replace(output, QStringLiteral("OUT")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QCOMPARE(told, account);
 }

@@ -114,8 +114,9 @@ QStringList changes(const QMap<QString, QByteArray>& before, const QString& fold
     return lines;
 }
 
-// Prepares the fresh copy as a "> ..." line asks.
-void prepare(const QString& folder, const QString& line)
+// Prepares the fresh copy as a "> ..." line asks; false when the file
+// system cannot hold a name asked for (Windows: '"' in a name).
+bool prepare(const QString& folder, const QString& line)
 {
     const QStringList words = line.mid(2).split(QLatin1Char(' '));
     const QString rest = line.mid(2 + words[0].size() + 1);
@@ -127,9 +128,11 @@ void prepare(const QString& folder, const QString& line)
         const int count = words[0] == QLatin1String("copies") ? to.section(QLatin1Char(' '), -1).toInt() : 1;
         for (int i = 0; i < count; ++i) {
             const QString target = count > 1 ? QString::asprintf(qPrintable(to.section(QLatin1Char(' '), 0, -2)), i) : to;
-            write_file(folder, target, read_file(QDir(folder).filePath(from)));
+            if (!QFile::exists(write_file(folder, target, read_file(QDir(folder).filePath(from)))))
+                return false;
         }
     }
+    return true;
 }
 
 // The shell lines use Linux's tools (script, /dev/full, ulimit).
@@ -140,15 +143,24 @@ constexpr bool shell_lines_run = false;
 #endif
 
 // The record without the blocks of the lines that do not run here.
-QString expected_transcript()
+QString expected_transcript(const QStringList& unpreparable)
 {
     QStringList blocks = test_support::read_golden(data + QStringLiteral("/transcript.txt")).split(QStringLiteral("\n\n"));
     if (!shell_lines_run)
         blocks.erase(std::remove_if(blocks.begin(), blocks.end(), [](const QString& block) { return block.startsWith(QLatin1String("$sh ")); }), blocks.end());
-    return blocks.join(QStringLiteral("\n\n"));
+    blocks.erase(std::remove_if(blocks.begin(), blocks.end(), [&unpreparable](const QString& block) { return unpreparable.contains(block.section(QLatin1Char('\n'), 0, 0)); }), blocks.end());
+    QString expected = blocks.join(QStringLiteral("\n\n"));
+#ifdef Q_OS_WIN
+    // libzip for Windows finds a pack's missing folder when opening it, with
+    // a reason of its own, where on Linux only closing it fails.
+    expected.replace(QStringLiteral("libzip zip_close error -1: Unknown error -1"), QStringLiteral("libzip zip_open error 5: Read error: Unknown error"))
+        .replace(QStringLiteral("could not be written: Failure to create temporary file: No such file or directory."),
+                 QStringLiteral("could not be written: Read error: Unknown error."));
+#endif
+    return expected;
 }
 
-QString transcript()
+QString transcript(QStringList& unpreparable)
 {
     QFile commands(data + QStringLiteral("/commands.txt"));
     if (!commands.open(QIODevice::ReadOnly))
@@ -170,9 +182,14 @@ QString transcript()
         const QMap<QString, QByteArray> template_files = files_below(data + QStringLiteral("/work"));
         for (auto it = template_files.cbegin(); it != template_files.cend(); ++it)
             write_file(work.path(), it.key(), it.value());
+        bool prepared = true;
         for (const QString& preparation : preparations)
-            prepare(work.path(), preparation);
+            prepared = prepare(work.path(), preparation) && prepared;
         preparations.clear();
+        if (!prepared) {
+            unpreparable << line;
+            continue;
+        }
         const QMap<QString, QByteArray> before = files_below(work.path());
         const said result = line.startsWith(QLatin1String("$sh "))
             ? run_in_shell(line.mid(4), work.path())
@@ -182,6 +199,9 @@ QString transcript()
             QString shown = QString::fromUtf8(masked(text)).replace(work.path(), QStringLiteral("WORK"));
             // Help names the program as it was started; in-process, that is this test.
             shown.replace(QCoreApplication::arguments().constFirst(), QStringLiteral("stylewright-cli"));
+            // Windows' help also offers its own -?, in the same width.
+            if (!shell_lines_run)
+                shown.replace(QStringLiteral("-?, -h, --help    "), QStringLiteral("-h, --help        "));
             shown.replace(QLatin1Char('\r'), QLatin1String("\\r")).replace(QChar(0x1b), QLatin1String("\\e"));
             // Debug lines tell the versions and the machine: only that there are some counts.
             shown.replace(QRegularExpression(QStringLiteral("(^Debug: .*\\n)+"), QRegularExpression::MultilineOption),
@@ -200,9 +220,11 @@ QString transcript()
 
 TEST(transcript, every_command_says_exits_and_writes_as_recorded)
 {
-    const QString actual = transcript();
+    QStringList unpreparable;
+    const QString actual = transcript(unpreparable);
+    EXPECT_TRUE(!shell_lines_run || unpreparable.isEmpty()) << unpreparable.join(QLatin1Char('\n')).toStdString();
     if (shell_lines_run)
         test_support::expect_golden(data + QStringLiteral("/transcript.txt"), actual);
     else
-        test_support::expect_same_lines(expected_transcript(), actual, QStringLiteral("transcript.txt without its shell lines"));
+        test_support::expect_same_lines(expected_transcript(unpreparable), actual, QStringLiteral("transcript.txt without its shell lines"));
 }

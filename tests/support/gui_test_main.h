@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -15,6 +16,17 @@
 // behind), the program's identity, and the off-screen platform unless
 // another one is asked for.
 namespace gui_test {
+
+// Windows keeps settings in the registry, which no folder redirects: an INI
+// file in the private configuration folder stands in for it, here and in
+// the child processes a test starts.
+inline void use_private_settings()
+{
+#ifdef Q_OS_WIN
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, qEnvironmentVariable("XDG_CONFIG_HOME"));
+#endif
+}
 
 inline void use_private_folders(const QString& root)
 {
@@ -26,8 +38,12 @@ inline void use_private_folders(const QString& root)
     QDir().mkpath(runtime);
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
+    use_private_settings();
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Wine hands no QT_* variable to a Windows program; this name passes.
+    if (!qEnvironmentVariableIsEmpty("STYLEWRIGHT_TEST_SCALE_FACTOR"))
+        qputenv("QT_SCALE_FACTOR", qgetenv("STYLEWRIGHT_TEST_SCALE_FACTOR"));
 }
 
 inline void set_identity()

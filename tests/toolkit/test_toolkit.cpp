@@ -36,6 +36,7 @@ namespace {
 int child(int argc, char** argv)
 {
     gui_test::set_identity();
+    gui_test::use_private_settings();
     QCoreApplication application(argc, argv);
     if (std::strcmp(argv[1], "--print-language-suffix") == 0) {
         std::printf("%s\n", qPrintable(vel::get_language_suffix(QStringLiteral("lang"))));
@@ -43,8 +44,11 @@ int child(int argc, char** argv)
     }
     vel::install_crash_handler();
     vel::install_qt_message_handler(true, false);
-    if (std::strcmp(argv[2], "segfault") == 0)
-        std::raise(SIGSEGV);
+    if (std::strcmp(argv[2], "segfault") == 0) {
+        // Read through a volatile, so the compiler cannot know it is null.
+        volatile int* volatile nowhere = nullptr;
+        *nowhere = 1;
+    }
     qFatal("no way on");
 }
 
@@ -152,6 +156,10 @@ private slots:
         QFETCH(QString, system);
         QFETCH(QString, stored);
         QFETCH(QString, suffix);
+#ifdef Q_OS_WIN
+        if (stored.isEmpty() && suffix != QLatin1String("en"))
+            QSKIP("Windows takes the system language from the user's settings, not from LC_ALL");
+#endif
         if (!stored.isEmpty())
             QSettings().setValue("lang", stored);
         QProcess probe;
@@ -279,14 +287,20 @@ private slots:
         QTest::addColumn<QString>("how");
         QTest::addColumn<QString>("first_line");
         QTest::addColumn<QString>("headline");
+#ifdef Q_OS_WIN
+        QTest::newRow("segmentation fault") << "segfault" << "Fatal exception 0xC0000005 (access violation) at "
+                                            << "Fatal exception 0xC0000005 (access violation) at ";
+#else
         QTest::newRow("segmentation fault") << "segfault" << "Fatal signal SIGSEGV (segmentation fault), stack trace:"
                                             << "Fatal signal SIGSEGV (segmentation fault), stack trace:";
-        // qFatal logs its line, then aborts.
+        // qFatal logs its line, then aborts; on Windows abort() ends the
+        // program without an exception to report.
         QTest::newRow("fatal message") << "fatal" << "Fatal: no way on" << "Fatal signal SIGABRT (abort), stack trace:";
+#endif
     }
     void fatal_signal_prints_its_name_and_a_stack_trace()
     {
-#if !defined(Q_OS_LINUX) && !defined(Q_OS_MACOS)
+#if !defined(Q_OS_LINUX) && !defined(Q_OS_MACOS) && !defined(Q_OS_WIN)
         QSKIP("stack traces are printed only where the C library offers backtrace()");
 #endif
         QFETCH(QString, how);
@@ -297,10 +311,13 @@ private slots:
         QVERIFY(crashing.waitForFinished(30000));
         QCOMPARE(crashing.exitStatus(), QProcess::CrashExit);
         const QStringList lines = QString::fromLocal8Bit(crashing.readAllStandardError()).split('\n', Qt::SkipEmptyParts);
-        QCOMPARE(lines.value(0), first_line);
+        QVERIFY2(lines.value(0).startsWith(first_line), qPrintable(lines.join('\n')));
         // Frames follow the headline, this program's own among them.
-        const QStringList frames = lines.mid(lines.indexOf(headline) + 1);
-        QVERIFY2(lines.contains(headline) && frames.size() >= 3
+        int headline_at = 0;
+        while (headline_at < lines.size() && !lines.at(headline_at).startsWith(headline))
+            ++headline_at;
+        const QStringList frames = lines.mid(headline_at + 1);
+        QVERIFY2(headline_at < lines.size() && frames.size() >= 3
                      && frames.join('\n').contains(QFileInfo(QCoreApplication::applicationFilePath()).fileName()),
                  qPrintable(lines.join('\n')));
     }
