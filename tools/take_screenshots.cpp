@@ -115,7 +115,11 @@ int main(int argc, char** argv)
     apply_application_look();
 
     QSettings().setValue(settings_keys::lang, language);
+#ifdef Q_OS_WIN
+    QSettings().setValue(settings_keys::output_dir.key, QStringLiteral("C:/Users/Anna/Pictures/Capture One Styles"));
+#else
     QSettings().setValue(settings_keys::output_dir.key, QStringLiteral("/home/anna/Pictures/Capture One Styles"));
+#endif
     const auto translators = install_translators(language);
 
     MainWindow window;

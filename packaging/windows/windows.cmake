@@ -93,6 +93,19 @@ foreach(module IN LISTS qt_modules)
     list(APPEND runtime_dlls "${location}")
 endforeach()
 install(FILES ${runtime_dlls} DESTINATION .)
+# Debian's MinGW runtime keeps its symbols (libstdc++ alone is 23 MB with
+# them); a stripped installation (cpack, cmake --install --strip) drops them
+# as it does from the programs.
+if(CMAKE_STRIP)
+    foreach(dll IN LISTS runtime_dlls)
+        get_filename_component(dll_name "${dll}" NAME)
+        install(CODE "
+            if(CMAKE_INSTALL_DO_STRIP)
+                execute_process(COMMAND \"${CMAKE_STRIP}\" --strip-unneeded
+                                \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${dll_name}\")
+            endif()")
+    endforeach()
+endif()
 
 if(TARGET stylewright)
     # Qt finds both plugins and its translations through qt.conf.
@@ -151,5 +164,9 @@ set(CPACK_PACKAGE_EXECUTABLES "stylewright" "Stylewright")
 set(CPACK_NSIS_ENABLE_UNINSTALL_BEFORE_INSTALL ON)
 set(CPACK_NSIS_MODIFY_PATH OFF)
 set(CPACK_NSIS_MANIFEST_DPI_AWARE ON)
+# A 64-bit installer for a 64-bit program: it runs wherever the program does
+# (also under a Wine without its 32-bit half) and sees the real Program
+# Files and registry, not their 32-bit stand-ins.
+set(CPACK_NSIS_DEFINES "Target amd64-unicode")
 set(CPACK_RESOURCE_FILE_LICENSE "${PROJECT_SOURCE_DIR}/LICENSE")
 set(CPACK_STRIP_FILES ON)

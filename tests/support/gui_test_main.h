@@ -39,9 +39,11 @@ inline void use_private_folders(const QString& root)
     QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
     use_private_settings();
+    // Wine hands no QT_* variable to a Windows program; these names pass.
+    if (!qEnvironmentVariableIsEmpty("STYLEWRIGHT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", qgetenv("STYLEWRIGHT_QPA_PLATFORM"));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Wine hands no QT_* variable to a Windows program; this name passes.
     if (!qEnvironmentVariableIsEmpty("STYLEWRIGHT_TEST_SCALE_FACTOR"))
         qputenv("QT_SCALE_FACTOR", qgetenv("STYLEWRIGHT_TEST_SCALE_FACTOR"));
 }
