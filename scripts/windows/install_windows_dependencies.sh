@@ -12,7 +12,7 @@ packages=(
     # building Qt, libzip and GoogleTest from Debian's source packages
     dpkg-dev make cmake perl python3 pkg-config ca-certificates
     # running Windows programs, also without a screen
-    wine wine64 xvfb xauth
+    wine wine64 xvfb xauth x11-utils
     # the installer
     nsis
     # host tools the cross build uses: moc comes with Qt, the rest from here

@@ -53,14 +53,34 @@ if [ -d "$corpus_dir" ]; then
     echo "$(wc -l <"$work/digests") corpus styles as recorded"
 fi
 
-# The window program, started as a user starts it, must still be running
-# after a few seconds (a missing DLL or plugin ends it at once).
-QT_QPA_PLATFORM=offscreen run 'C:\Program Files\Stylewright\stylewright.exe' >"$work/window.log" 2>&1 &
-window=$!
-sleep 8
-kill -0 "$window" 2>/dev/null || { cat "$work/window.log"; fail "the window program ended at once"; }
-WINEPREFIX="$STYLEWRIGHT_WINEPREFIX" wineserver -k 2>/dev/null || true
-wait "$window" 2>/dev/null || true
+# The window program, started as a user starts it from the Start menu, must
+# open its window: under Xvfb, Wine's X11 driver shows it as an X window
+# named after it. Without Xvfb it must at least still run after a while (a
+# missing DLL or plugin ends it at once).
+window='C:\Program Files\Stylewright\stylewright.exe'
+if command -v xvfb-run >/dev/null && command -v xwininfo >/dev/null; then
+    WINEPREFIX="$STYLEWRIGHT_WINEPREFIX" wineserver -k 2>/dev/null || true
+    export wine_run toolchain_prefix window work
+    xvfb-run -a -s "-screen 0 1280x900x24" bash -c '
+        "$wine_run" "--prefix=$toolchain_prefix" "$window" >"$work/window.log" 2>&1 &
+        for _ in $(seq 60); do
+            sleep 1
+            if xwininfo -root -tree | grep -q "\"Stylewright\": (\"stylewright.exe\""; then
+                xwininfo -root -tree | grep "\"Stylewright\"" >"$work/window"
+                break
+            fi
+        done
+        WINEPREFIX="$STYLEWRIGHT_WINEPREFIX" wineserver -k 2>/dev/null || true' || true
+    [ -s "$work/window" ] || { cat "$work/window.log"; fail "the window program showed no window"; }
+    echo "window shown:$(cat "$work/window")"
+else
+    run "$window" >"$work/window.log" 2>&1 &
+    started=$!
+    sleep 8
+    kill -0 "$started" 2>/dev/null || { cat "$work/window.log"; fail "the window program ended at once"; }
+    WINEPREFIX="$STYLEWRIGHT_WINEPREFIX" wineserver -k 2>/dev/null || true
+    wait "$started" 2>/dev/null || true
+fi
 
 run "$folder/Uninstall.exe" /S || fail "the silent uninstallation failed"
 # The uninstaller copies itself away and returns at once; its copy removes
