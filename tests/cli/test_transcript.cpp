@@ -228,3 +228,28 @@ TEST(transcript, every_command_says_exits_and_writes_as_recorded)
     else
         test_support::expect_same_lines(expected_transcript(unpreparable), actual, QStringLiteral("transcript.txt without its shell lines"));
 }
+
+// Paths as a Windows user types them: a drive letter, backslashes and a name
+// beyond Latin-1, read and written; the style the same bytes (UUID aside) as
+// from a plain path.
+TEST(windows_paths, backslashes_drive_letters_and_non_latin_names_read_and_write)
+{
+#ifndef Q_OS_WIN
+    GTEST_SKIP() << "a backslash is part of a file name outside Windows";
+#else
+    QTemporaryDir work;
+    const QString folder = work.filePath(QStringLiteral("Jürgen/Presets"));
+    write_file(folder, QStringLiteral("Sommer 日本.xmp"), read_file(data + QStringLiteral("/work/a.xmp")));
+    write_file(work.path(), QStringLiteral("plain/a.xmp"), read_file(data + QStringLiteral("/work/a.xmp")));
+    const QString native_preset = QDir::toNativeSeparators(QDir(folder).absoluteFilePath(QStringLiteral("Sommer 日本.xmp")));
+    ASSERT_EQ(native_preset.mid(1, 2), QStringLiteral(":\\"));
+    const said windows = run_in_process({QStringLiteral("-o"), QDir::toNativeSeparators(work.filePath(QStringLiteral("Stile"))), native_preset},
+                                        work.path());
+    const said plain = run_in_process({QStringLiteral("-o"), QStringLiteral("out"), QStringLiteral("plain/a.xmp")}, work.path());
+    EXPECT_EQ(windows.exit_code, 0) << windows.err.constData();
+    EXPECT_EQ(windows.err, plain.err);
+    const QByteArray style = read_file(work.filePath(QStringLiteral("Stile/Sommer 日本.costyle")));
+    EXPECT_FALSE(style.isEmpty());
+    EXPECT_EQ(masked(style), masked(read_file(work.filePath(QStringLiteral("out/a.costyle")))));
+#endif
+}
