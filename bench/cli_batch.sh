@@ -7,7 +7,11 @@
 #   2. --inspect over the corpus's templates repeated 20 times, against lua5.4
 #      loading the same files with its own parser, and exiftool -j reading the
 #      corpus's XMP presets repeated 20 times against --inspect of them;
-#   3. peak memory of the 1,000-preset run.
+#   3. CPU time per preset of the --jobs 1 run (user and system, median of 5,
+#      the process's start included) and peak memory of the 1,000-preset run.
+#
+# Put the work folder in memory (WORK_ROOT=/dev/shm), so no disk state blurs
+# the floor.
 #
 #   bench/cli_batch.sh [path/to/stylewright-cli] [corpus folder]
 #   COUNT=5000 JOBS=4 bench/cli_batch.sh
@@ -81,6 +85,13 @@ if command -v exiftool > /dev/null; then
     # Read the other way round: exiftool is the slower one, the aim is its share.
     ratio "exiftool -j / --inspect of XMP presets" "$cli" -q --jobs 1 --inspect "$work/xmp" -- exiftool -j "$work/xmp"
 fi
+cpu=()
+for ((i = 0; i < pairs; i++)); do
+    rm -rf "$work/out"; mkdir -p "$work/out"
+    /usr/bin/time -f "%U %S" -o "$work/cpu" "$cli" -q --jobs 1 -o "$work/out" "$work/in" > /dev/null 2>&1 || true
+    cpu+=("$(tail -n 1 "$work/cpu" | awk -v n="$count" '{ printf "%.1f", ($1 + $2) * 1e6 / n }')")
+done
+echo "CPU per preset, --jobs 1:            $(printf '%s\n' "${cpu[@]}" | median) µs"
 rm -rf "$work/out"; mkdir -p "$work/out"
 /usr/bin/time -f "%M" -o "$work/peak" "$cli" -q -o "$work/out" "$work/in" 2> /dev/null || true
 echo "peak memory, $count presets:          $(tail -n 1 "$work/peak" | awk '{ printf "%.1f MB", $1 / 1024 }')"
