@@ -27,7 +27,7 @@ TEST(load_3dl, reads_tables_blue_first_with_10_bit_scaling_or_throws_the_reason)
                    float r = 0, g = 0, b = 0; } cases[] = {
         {"full table", header + lines_of(cube - 1, 512) + "1023 1023 1023\n", "", 17, cube - 1, top, top, top},
         {"values are red green blue", "0 1023\n256 512 768\n" + lines_of(7, 0), "", 2, 0, 0.25f, 0.5f, 0.75f},
-        {"signed values", "0 1023\n+256 -512 768\n" + lines_of(7, 0), "", 2, 0, 0.25f, -0.5f, 0.75f},
+        {"signed values, below 0 clamped", "0 1023\n+256 -512 768\n" + lines_of(7, 0), "", 2, 0, 0.25f, 0.0f, 0.75f},
         {"no grid line: 17 points", "3DMESH\n" + lines_of(cube - 1, 0) + "1023 512 0\n", "", 17, cube - 1, top, 0.5f},
         {"first data line without grid line", "1023 0 0\n" + lines_of(cube - 1, 0), "", 17, 0, top},
         {"short lines skipped, extra ignored", "0 1023\n# c\n\n1 2\n" + lines_of(8, 256) + "x\n", "", 2, 0, .25f, .25f,
