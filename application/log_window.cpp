@@ -42,6 +42,13 @@ log_window::log_window()
         }
         bar->setStyleSheet(vel::dark_style::scroll_bar_sheet());
     }
+    // Windows' own style paints a text field's ground from the system theme,
+    // white whatever the style sheet says: the field itself is drawn by
+    // Fusion too, as on Linux.
+    if (QStyle* fusion = QStyleFactory::create(QStringLiteral("fusion"))) {
+        fusion->setParent(window_.get());
+        window_->setStyle(fusion);
+    }
 
     timer_.setInterval(timer_period_ms);
     connect(&timer_, &QTimer::timeout, this, &log_window::move_text_to_window);
