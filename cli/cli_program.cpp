@@ -39,7 +39,7 @@ bool write_document(const QByteArray& bytes)
     return false;
 }
 
-int usage_error(const QString& message)
+int refuse_usage(const QString& message)
 {
     cli_output::raw_line(program_name + QStringLiteral(": ") + message + QStringLiteral(" Try '") + program_name +
                          QStringLiteral(" --help'."));
@@ -117,7 +117,7 @@ int inspect(const QVector<preset_source>& files, bool archives_failed, int jobs)
 int convert(const cli_options& options, const QVector<preset_source>& files, int archive_failures)
 {
     if (options.to_stdout && files.size() != 1)
-        return usage_error(QStringLiteral("--stdout takes exactly one preset, not %1.").arg(files.size()));
+        return refuse_usage(QStringLiteral("--stdout takes exactly one preset, not %1.").arg(files.size()));
 
     int unreadable = archive_failures;
     QVector<preset_source> presets;
@@ -190,7 +190,7 @@ int run_cli(const QStringList& arguments)
             QStringLiteral("Stylewright %1\n").arg(QCoreApplication::applicationVersion()).toUtf8());
         return exit_success;
     case parse_outcome::usage_error:
-        return usage_error(parsed.text);
+        return refuse_usage(parsed.text);
     case parse_outcome::run:
         break;
     }
