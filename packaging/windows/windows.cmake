@@ -10,8 +10,14 @@
 # One .ico holding the sizes Explorer, the taskbar and the Start menu ask
 # for, drawn from the same picture as the window's own icon. 256 is stored
 # as PNG inside the .ico, which every Windows since Vista reads.
+# icotool (icoutils) packs the sizes; where it is missing (MSYS2),
+# ImageMagick's magick does the same.
 find_program(STYLEWRIGHT_RSVG_CONVERT rsvg-convert REQUIRED)
-find_program(STYLEWRIGHT_ICOTOOL icotool REQUIRED)
+find_program(STYLEWRIGHT_ICOTOOL icotool)
+find_program(STYLEWRIGHT_MAGICK magick)
+if(NOT STYLEWRIGHT_ICOTOOL AND NOT STYLEWRIGHT_MAGICK)
+    message(FATAL_ERROR "The Windows icon needs icotool (icoutils) or magick (ImageMagick).")
+endif()
 set(STYLEWRIGHT_ICO "${CMAKE_CURRENT_BINARY_DIR}/windows/stylewright.ico")
 set(ico_sizes 16 24 32 48 64 128 256)
 set(ico_pngs)
@@ -22,11 +28,18 @@ foreach(size IN LISTS ico_sizes)
     list(APPEND ico_commands COMMAND "${STYLEWRIGHT_RSVG_CONVERT}" --width=${size} --height=${size}
                                      --keep-aspect-ratio --output "${png}" "${STYLEWRIGHT_ICON_SVG}")
 endforeach()
+if(STYLEWRIGHT_ICOTOOL)
+    set(ico_bitmaps ${ico_pngs})
+    list(REMOVE_ITEM ico_bitmaps "${CMAKE_CURRENT_BINARY_DIR}/windows/icon_256.png")
+    set(ico_pack_command "${STYLEWRIGHT_ICOTOOL}" --create --raw=${CMAKE_CURRENT_BINARY_DIR}/windows/icon_256.png
+                         --output "${STYLEWRIGHT_ICO}" ${ico_bitmaps})
+else()
+    set(ico_pack_command "${STYLEWRIGHT_MAGICK}" ${ico_pngs} "${STYLEWRIGHT_ICO}")
+endif()
 add_custom_command(OUTPUT "${STYLEWRIGHT_ICO}"
     COMMAND ${CMAKE_COMMAND} -E make_directory "${CMAKE_CURRENT_BINARY_DIR}/windows"
     ${ico_commands}
-    COMMAND "${STYLEWRIGHT_ICOTOOL}" --create --raw=${CMAKE_CURRENT_BINARY_DIR}/windows/icon_256.png
-            --output "${STYLEWRIGHT_ICO}" ${ico_pngs}
+    COMMAND ${ico_pack_command}
     DEPENDS "${STYLEWRIGHT_ICON_SVG}"
     COMMENT "Drawing the Windows icon"
     VERBATIM)

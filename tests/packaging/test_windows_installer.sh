@@ -38,6 +38,14 @@ grep -q 'DisplayName.*Stylewright 1.0.8' "$work/uninstall_entry" || fail "Apps &
 start_menu="$drive_c/ProgramData/Microsoft/Windows/Start Menu/Programs/Stylewright"
 [ -f "$start_menu/Stylewright.lnk" ] || fail "no Start-menu entry: $(ls -R "$drive_c/ProgramData/Microsoft/Windows/Start Menu" 2>&1)"
 
+# Explorer's Properties of each program: maker, name and version.
+for program in stylewright stylewright-cli; do
+    properties="$(strings -el "$folder/$program.exe" | tr '\n' ' ')"
+    for field in "CompanyName Quillmark" "ProductName Stylewright" "FileVersion 1.0.8" "OriginalFilename $program.exe"; do
+        [[ "$properties" == *"$field"* ]] || fail "$program.exe lacks '$field' in its version resource"
+    done
+done
+
 cli='C:\Program Files\Stylewright\stylewright-cli.exe'
 [ "$(run "$cli" --version | tr -d '\r')" = "Stylewright 1.0.8" ] || fail "--version"
 if [ -d "$corpus_dir" ]; then
