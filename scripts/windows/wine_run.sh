@@ -20,8 +20,9 @@ export WINEDEBUG="${WINEDEBUG:--all}"
 # No dialog asking to install Mono or Gecko, which nothing here uses.
 export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=}"
 # Wine hands no QT_* variable to Windows programs: Qt finds its plugins and
-# the offscreen platform's fonts in the toolchain, and the tests take their
-# scale factor as STYLEWRIGHT_TEST_SCALE_FACTOR.
+# the offscreen platform's fonts in the toolchain, and the widget tests take
+# their platform and scale factor as STYLEWRIGHT_QPA_PLATFORM and
+# STYLEWRIGHT_TEST_SCALE_FACTOR.
 wine="$(command -v wine64 || command -v wine)"
 if [ ! -d "$WINEPREFIX" ]; then
     mkdir -p "$(dirname "$WINEPREFIX")"
