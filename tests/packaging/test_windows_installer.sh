@@ -90,6 +90,9 @@ else
     wait "$started" 2>/dev/null || true
 fi
 
+# The user's settings, as the window stores them, outlive the program.
+settings='HKCU\Software\Quillmark\Stylewright'
+run reg add "$settings" /v lang /d de /f >/dev/null 2>&1 || fail "could not store a setting"
 run "$folder/Uninstall.exe" /S || fail "the silent uninstallation failed"
 # The uninstaller copies itself away and returns at once; its copy removes
 # the folder, the uninstaller included.
@@ -98,4 +101,5 @@ for _ in $(seq 60); do [ -e "$folder" ] || break; sleep 1; done
 [ ! -e "$start_menu" ] || fail "the Start-menu entry is left"
 ! run reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\Stylewright' >/dev/null 2>&1 \
     || fail "the Apps & features entry is left"
+run reg query "$settings" /v lang 2>/dev/null | grep -q 'lang.*de' || fail "uninstalling removed the user's settings"
 echo "installed, converted, started and removed"
