@@ -34,20 +34,18 @@ log_window::log_window()
     window_->setWindowTitle(QStringLiteral("Application Log"));
     // Closing the log only hides it; the program ends with the main window.
     window_->setAttribute(Qt::WA_QuitOnClose, false);
-    for (QScrollBar* bar : {window_->verticalScrollBar(), window_->horizontalScrollBar()}) {
-        QStyle* fusion = QStyleFactory::create(QStringLiteral("fusion"));
-        if (fusion) {
-            fusion->setParent(bar);
-            bar->setStyle(fusion);
-        }
-        bar->setStyleSheet(vel::dark_style::scroll_bar_sheet());
-    }
-    // Windows' own style paints a text field's ground from the system theme,
-    // white whatever the style sheet says: the field itself is drawn by
-    // Fusion too, as on Linux.
-    if (QStyle* fusion = QStyleFactory::create(QStringLiteral("fusion"))) {
+    // Fusion draws the field and its scroll bars alike on every system:
+    // Windows' own style would paint the field's ground white from the
+    // system theme, whatever the style sheet says.
+    QStyle* fusion = QStyleFactory::create(QStringLiteral("fusion"));
+    if (fusion) {
         fusion->setParent(window_.get());
         window_->setStyle(fusion);
+    }
+    for (QScrollBar* bar : {window_->verticalScrollBar(), window_->horizontalScrollBar()}) {
+        if (fusion)
+            bar->setStyle(fusion);
+        bar->setStyleSheet(vel::dark_style::scroll_bar_sheet());
     }
 
     timer_.setInterval(timer_period_ms);

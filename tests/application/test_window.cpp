@@ -32,7 +32,6 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QProcess>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -552,7 +551,6 @@ void test_window::a_run_writes_what_the_answers_allow()
     // A folder where blocked.xmp's style would go: it cannot be written.
     if (chosen.contains(QStringLiteral("blocked.xmp")))
         QDir().mkpath(output + QStringLiteral("/blocked.costyle"));
-
     if (!output_below_root.isEmpty())
         output = root->path() + QLatin1Char('/') + output_below_root;
     make_window(format);
@@ -577,7 +575,8 @@ void test_window::a_run_writes_what_the_answers_allow()
             continue;
         QString entry = file;
         if (file.endsWith(QLatin1String(".costylepack"))) {
-            entry += QLatin1Char(':') + fixtures::zip_entries(content.fileName()).join(QLatin1Char(' '));        } else if (text.contains("A from template")) {
+            entry += QLatin1Char(':') + fixtures::zip_entries(content.fileName()).join(QLatin1Char(' '));
+        } else if (text.contains("A from template")) {
             entry += QStringLiteral(":A from template");
         }
         found << entry;

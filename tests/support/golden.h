@@ -3,18 +3,14 @@
 
 #include <QFile>
 #include <QString>
-#include <algorithm>
 #include <QStringList>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace test_support {
 
-// Compares a test's whole output with its recorded file and names the first
-// line that differs, under the last heading ("== ..." or "$ ...") above it.
-// With STYLEWRIGHT_UPDATE_GOLDEN set, writes the file anew instead: after a
-// deliberate change, read its diff before committing it.
-// Line by line, naming the first line that differs and the heading ("== " or
-// "$") it stands under.
+// Compares a whole output with the text expected and names the first line
+// that differs, under the last heading ("== ..." or "$ ...") above it.
 inline void expect_same_lines(const QString& expected_text, const QString& actual, const QString& where)
 {
     const QStringList expected = expected_text.split(QLatin1Char('\n'));
@@ -33,6 +29,9 @@ inline QString read_golden(const QString& path)
     return golden.open(QIODevice::ReadOnly) ? QString::fromUtf8(golden.readAll()) : QString();
 }
 
+// The same against a recorded file. With STYLEWRIGHT_UPDATE_GOLDEN set,
+// writes the file anew instead: after a deliberate change, read its diff
+// before committing it.
 inline void expect_golden(const QString& path, const QString& actual)
 {
     if (qEnvironmentVariableIsSet("STYLEWRIGHT_UPDATE_GOLDEN")) {
