@@ -86,6 +86,7 @@ void window_conversion_shell::report_failure(const conversion_failure& failure)
         vel::message_box::critical(window_, failure.title, failure.text, QMessageBox::Ok, QMessageBox::Ok);
         break;
     case failure_kind::conversion_failed:
+    case failure_kind::no_develop_settings:
         show_current_preset();
         vel::message_box::warning(window_, failure.title, failure.text, QMessageBox::Ok, QMessageBox::Ok);
         break;

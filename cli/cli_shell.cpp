@@ -27,7 +27,13 @@ void cli_shell::report_failure(const conversion_failure& failure)
 
 void cli_shell::report_outcome(const preset_outcome& outcome)
 {
-    cli_output::log_line(QtInfoMsg, outcome.file + QStringLiteral(": ") + conversion_messages::outcome_line(outcome));
+    // A profile or a style written once is said without -v: no question
+    // told of it.
+    const QString skipped = conversion_messages::skip_line(outcome);
+    if (!skipped.isEmpty())
+        cli_output::result_line(skipped);
+    else
+        cli_output::log_line(QtInfoMsg, outcome.file + QStringLiteral(": ") + conversion_messages::outcome_line(outcome));
 }
 
 QString cli_shell::output_folder()

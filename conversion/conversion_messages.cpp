@@ -161,4 +161,13 @@ conversion_failure write_failed(const QString& file, const QString& target, cons
     return {failure_kind::write_failed, file, reason, title, message.rich, message.plain};
 }
 
+conversion_failure no_develop_settings(const QString& file)
+{
+    const QString title = QCoreApplication::translate("MainWindow", "Not a DNG preset");
+    const QString text = QCoreApplication::translate("MainWindow", "The DNG file %1 holds no develop settings.");
+    const QString reason = QCoreApplication::translate("MainWindow", "it holds no develop settings");
+    const composed message = compose(text, file_name(file));
+    return {failure_kind::no_develop_settings, file, reason, title, message.rich, message.plain};
+}
+
 } // namespace conversion_messages

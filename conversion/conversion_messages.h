@@ -3,7 +3,9 @@
 
 // How errors travel, from a file on disk to the person at the window or the
 // command line:
-// - The template readers throw std::runtime_error with their message; the 3DL
+// - The template readers and the DNG reader throw std::runtime_error with
+//   their message (a DNG without develop settings throws no_develop_settings,
+//   which the run words apart); the 3DL
 //   reader throws stk::exception ("ERROR while loading 3DL LUT: ..."). The XMP
 //   reader and the curve functions log a warning and go on with what they have;
 //   a reader that cannot open its file leaves the record empty.
@@ -27,7 +29,8 @@ enum class failure_kind {
     unsupported_format, // the suffix selects no reader (the window shows a critical box)
     unreadable_preset,  // a reader or the writer threw (critical box)
     conversion_failed,  // create_costyle reported failure (warning box)
-    write_failed        // the style file could not be written (the window stays silent)
+    write_failed,       // the style file could not be written (the window stays silent)
+    no_develop_settings // a DNG without develop settings: a photo, not a preset (warning box)
 };
 
 // Button labels of a question box, translated once per run.
@@ -87,6 +90,7 @@ conversion_failure unsupported_format(const QString& file);
 conversion_failure unreadable_preset(const QString& file, const QString& error);
 conversion_failure conversion_failed(const QString& file);
 conversion_failure write_failed(const QString& file, const QString& target, const QString& reason);
+conversion_failure no_develop_settings(const QString& file);
 
 
 } // namespace conversion_messages

@@ -4,6 +4,8 @@
 #include "conversion/style_names.h"
 #include "conversion/preset_reading.h"
 #include "conversion/preset_step.h"
+#include "conversion/same_styles.h"
+#include "importer/dng_packet.h"
 #include "importer/lightroom_importer.h"
 
 #include <QDebug>
@@ -101,6 +103,8 @@ private:
         }
         try {
             convert_readable(steps, *steps.read(index), pack_entries, outcome);
+        } catch (const no_develop_settings&) {
+            fail(conversion_messages::no_develop_settings(preset.path), outcome);
         } catch (const std::exception& error) {
             fail(conversion_messages::unreadable_preset(preset.path, QString::fromUtf8(error.what())), outcome);
         }
@@ -123,6 +127,12 @@ private:
         const lightroom_importer& record = step.record;
 
         outcome.preset_name = record.name;
+        // A profile is known for what it is before anything is asked about it.
+        if (step.profile) {
+            outcome.kind = outcome_kind::skipped;
+            outcome.skipped_as = skip_reason::profile;
+            return;
+        }
         const QString style_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
         const QString folder = preset.subfolder.isEmpty()
                                    ? shell_.output_folder()
@@ -152,6 +162,22 @@ private:
         if (!step.converted)
             return fail(conversion_messages::conversion_failed(path), outcome);
         const QString& document = step.document;
+        const QString preset_folder = QFileInfo(path).absolutePath();
+        // The same look from another folder, archive or group is written once;
+        // a preset whose style takes the very same name replaces it instead.
+        if (const same_styles::first_style* first = same_styles_.first_like(document)) {
+            const QString name = separate_
+                                     ? folder + QLatin1Char('/') +
+                                           entry_names_.separate_name_would_be(preset.subfolder, style_name,
+                                                                               preset_folder)
+                                     : entry_names_.entry_would_be(style_name, preset.subfolder);
+            if (name != first->name) {
+                outcome.kind = outcome_kind::skipped;
+                outcome.skipped_as = skip_reason::same_style;
+                outcome.same_as = first->file;
+                return;
+            }
+        }
         outcome.kind = outcome_kind::converted;
         outcome.losses = step.losses;
         outcome.empty_style = step.empty_style;
@@ -164,13 +190,14 @@ private:
                                                        "goes into the pack as %2.")
                                             .arg(path, entry);
             pack_entries.insert(entry, document);
+            same_styles_.remember(document, path, entry);
             outcome.target = entry;
             outcome.in_pack = true;
             return;
         }
         bool renamed = false;
-        const QString separate_name = entry_names_.separate_name_for(
-            preset.subfolder, style_name, QFileInfo(path).absolutePath(), renamed);
+        const QString separate_name =
+            entry_names_.separate_name_for(preset.subfolder, style_name, preset_folder, renamed);
         const QString target = folder + QLatin1Char('/') + separate_name;
         if (renamed)
             qWarning().noquote() << QStringLiteral("%1: this run already wrote a style of the same name from "
@@ -184,6 +211,7 @@ private:
                         outcome);
         if (!write_style(target, document, reason))
             return fail(conversion_messages::write_failed(path, target, reason), outcome);
+        same_styles_.remember(document, path, target);
         outcome.target = target;
     }
 
@@ -253,6 +281,7 @@ private:
     answer_memory unsupported_;
     answer_memory camera_calibration_;
     style_names entry_names_;
+    same_styles same_styles_;
 };
 
 } // namespace

@@ -2,7 +2,9 @@
 #include "conversion/preset_archive.h"
 
 #include "conversion/preset_reading.h"
+#include "importer/dng_packet.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -97,32 +99,63 @@ private:
             refuse(contents, name, archive_problem::damaged_entry, QString::fromUtf8(zip_strerror(archive_)));
             return;
         }
+        const bool dng = preset_format_of(name) == preset_format::dng;
+        const qint64 max_size = dng ? limits_.max_dng_entry_size : limits_.max_entry_size;
         // The stored size is only a claim; the reading below is bounded too.
-        if ((stat.valid & ZIP_STAT_SIZE) != 0 && stat.size > zip_uint64_t(limits_.max_entry_size)) {
+        if ((stat.valid & ZIP_STAT_SIZE) != 0 && stat.size > zip_uint64_t(max_size)) {
             refuse(contents, name, archive_problem::too_large);
             return;
         }
-        read_data(index, name, contents);
+        QByteArray data;
+        if (!read_data(index, name, max_size, !dng, data, contents))
+            return;
+        archive_preset preset{name, data, QString()};
+        if (dng)
+            keep_packet_only(preset);
+        if (total_ + preset.data.size() > limits_.max_total_size) {
+            over_total_ = true;
+            refuse(contents, name, archive_problem::total_too_large);
+            return;
+        }
+        total_ += preset.data.size();
+        contents.presets.append(std::move(preset));
     }
 
-    void read_data(zip_uint64_t index, const QString& name, archive_contents& contents)
+    // A DNG preset's photo is dropped as soon as its packet is out.
+    static void keep_packet_only(archive_preset& preset)
+    {
+        QBuffer file(&preset.data);
+        file.open(QIODevice::ReadOnly);
+        QByteArray packet;
+        try {
+            packet = read_dng_xmp_packet(file);
+        } catch (const std::exception& error) {
+            preset.error = QString::fromUtf8(error.what());
+        }
+        file.close();
+        preset.data = packet;
+    }
+
+    // kept: the whole data is kept and counts against the total as it grows.
+    bool read_data(zip_uint64_t index, const QString& name, qint64 max_size, bool kept, QByteArray& data,
+                   archive_contents& contents)
     {
         const std::unique_ptr<zip_file_t, entry_closer> file(zip_fopen_index(archive_, index, 0));
         if (!file) {
             refuse(contents, name, archive_problem::damaged_entry, QString::fromUtf8(zip_strerror(archive_)));
-            return;
+            return false;
         }
-        QByteArray data;
         constexpr qint64 chunk = 64 * 1024;
         for (;;) {
-            if (data.size() > limits_.max_entry_size) {
+            if (data.size() > max_size) {
                 refuse(contents, name, archive_problem::too_large);
-                return;
+                return false;
             }
-            if (total_ + data.size() > limits_.max_total_size) {
+            if ((kept && total_ + data.size() > limits_.max_total_size) ||
+                unpacked_ + data.size() > limits_.max_unpacked_size) {
                 over_total_ = true;
                 refuse(contents, name, archive_problem::total_too_large);
-                return;
+                return false;
             }
             const int old_size = data.size();
             data.resize(old_size + int(chunk));
@@ -130,14 +163,14 @@ private:
             if (got < 0) {
                 refuse(contents, name, archive_problem::damaged_entry,
                        QString::fromUtf8(zip_file_strerror(file.get())));
-                return;
+                return false;
             }
             data.resize(old_size + int(got));
             if (got == 0)
                 break;
         }
-        total_ += data.size();
-        contents.presets.append({name, data});
+        unpacked_ += data.size();
+        return true;
     }
 
     static void refuse(archive_contents& contents, const QString& name, archive_problem problem,
@@ -149,6 +182,7 @@ private:
     zip_t* archive_;
     const archive_limits& limits_;
     qint64 total_ = 0;
+    qint64 unpacked_ = 0;
     bool over_total_ = false;
 };
 

@@ -17,15 +17,28 @@ struct archive_limits {
     qint64 max_entries = 10000;
     // A preset larger than this is refused; real ones are below 1 MB.
     qint64 max_entry_size = 64 * 1024 * 1024;
-    // All presets of one archive together.
+    // All presets of one archive together, as kept: a DNG preset counts
+    // with its XMP packet only.
     qint64 max_total_size = 512 * 1024 * 1024;
+    // A DNG preset is a photo: it is read whole, its packet taken and the
+    // rest dropped at once, so only one is held at a time. Lightroom's own
+    // are a few MB; a raw photo taken for one stays well below this.
+    qint64 max_dng_entry_size = 256 * 1024 * 1024;
+    // Everything unpacked from one archive, DNG photos included: bounds the
+    // time a bomb of many large entries can take.
+    qint64 max_unpacked_size = qint64(4) * 1024 * 1024 * 1024;
 };
 
 // One preset of the archive: its path inside the archive ('/'-separated,
 // relative, never leaving the archive's root) and its bytes.
 struct archive_preset {
     QString entry;
+    // A DNG preset's XMP packet, taken from its file while the archive is
+    // read; any other preset's whole file.
     QByteArray data;
+    // Why a DNG preset's packet could not be taken (libtiff's reason); the
+    // run reports it as that preset's failure.
+    QString error;
 };
 
 // Why an entry, or the whole archive, was not read.
@@ -58,7 +71,7 @@ struct archive_contents {
 // True for a path whose last suffix is ".zip" in any letter case.
 bool is_preset_archive(const QString& path);
 
-// Reads every preset entry (.lrtemplate, .xmp in any letter case) of the
+// Reads every preset entry (.lrtemplate, .xmp, .dng in any letter case) of the
 // archive at path. Hidden entries (a part starting with '.', such as macOS's
 // "._" companions) and folders are passed over like in a folder search; other
 // files are ignored. Archives inside the archive are not opened, entries with

@@ -39,6 +39,24 @@ QString losses_text(const preset_outcome& outcome)
     return parts.join(QStringLiteral(", "));
 }
 
+QString skip_line(const preset_outcome& outcome)
+{
+    if (outcome.kind != outcome_kind::skipped)
+        return QString();
+    switch (outcome.skipped_as) {
+    case skip_reason::profile:
+        return QCoreApplication::translate("MainWindow", "%1 is a Lightroom profile, not a develop preset; Capture "
+                                                         "One cannot use Lightroom profiles.")
+            .arg(outcome.file);
+    case skip_reason::same_style:
+        return QCoreApplication::translate("MainWindow", "%1 gives the same style as %2; written once")
+            .arg(outcome.file, outcome.same_as);
+    case skip_reason::question:
+        break;
+    }
+    return QString();
+}
+
 QString outcome_line(const preset_outcome& outcome)
 {
     switch (outcome.kind) {
@@ -55,6 +73,16 @@ QString outcome_line(const preset_outcome& outcome)
                QCoreApplication::translate("MainWindow", "leaves out %1").arg(lost);
     }
     case outcome_kind::skipped:
+        switch (outcome.skipped_as) {
+        case skip_reason::profile:
+            return QCoreApplication::translate("MainWindow", "skipped: a Lightroom profile, not a develop preset; "
+                                                             "Capture One cannot use Lightroom profiles");
+        case skip_reason::same_style:
+            return QCoreApplication::translate("MainWindow", "skipped: gives the same style as %1; written once")
+                .arg(outcome.same_as);
+        case skip_reason::question:
+            break;
+        }
         if (outcome.skipped_silently)
             return QCoreApplication::translate("MainWindow", "skipped (Skip All): %1").arg(outcome.question_title);
         return QCoreApplication::translate("MainWindow", "skipped: %1").arg(outcome.question_title);

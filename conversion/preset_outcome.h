@@ -8,6 +8,13 @@
 
 enum class outcome_kind { converted, skipped, failed };
 
+// Why a preset that was read wrote no style although nothing failed.
+enum class skip_reason {
+    question,   // the answer to a question, or a remembered "Skip All"
+    profile,    // a Lightroom profile, not a develop preset
+    same_style  // an earlier preset of the run gave the same style, written once
+};
+
 // What became of one preset in a run, told once to the shell when the preset's
 // turn is over. The command line's per-preset lines and summary and the
 // window's account are made from these values.
@@ -18,8 +25,11 @@ struct preset_outcome {
     // converted: the style file written, or the pack entry it went into
     QString target;
     bool in_pack = false;
-    // skipped: the question whose answer (or remembered "Skip All") skipped it,
-    // and that question's translated title
+    // skipped: why; for a question, the question whose answer (or remembered
+    // "Skip All") skipped it and that question's translated title; for the
+    // same style, the earlier preset's path as handed to the run
+    skip_reason skipped_as = skip_reason::question;
+    QString same_as;
     preset_question skipped_by = preset_question::white_balance;
     QString question_title;
     bool skipped_silently = false;
@@ -46,6 +56,9 @@ QString summary_line(const outcome_counts& counts);
 // One line about one preset, without its file: "converted into Warm.costyle;
 // leaves out …", "skipped: White balance modified by preset", "failed: …".
 QString outcome_line(const preset_outcome& outcome);
+// The line a skip other than by a question gets of its own, with the file:
+// "Look.xmp is a Lightroom profile, …"; empty for a skip by a question.
+QString skip_line(const preset_outcome& outcome);
 // What a style leaves out, in words: local adjustments by kind and count, the
 // Look, a named white balance, the number of other settings; or "empty style".
 QString losses_text(const preset_outcome& outcome);

@@ -6,6 +6,20 @@
 
 #include <QFileInfo>
 
+#include <stdexcept>
+
+namespace {
+
+// A DNG made from a photo often names no preset; its file's name is the one
+// the person gave it.
+void name_after_file(const QString& path, lightroom_importer& record)
+{
+    if (record.name.isEmpty())
+        record.name = QFileInfo(path).completeBaseName();
+}
+
+} // namespace
+
 preset_format preset_format_of(const QString& path)
 {
     const QString suffix = QFileInfo(path).suffix().toLower();
@@ -13,6 +27,8 @@ preset_format preset_format_of(const QString& path)
         return preset_format::lrtemplate;
     if (suffix == QLatin1String("xmp"))
         return preset_format::xmp;
+    if (suffix == QLatin1String("dng"))
+        return preset_format::dng;
     return preset_format::unsupported;
 }
 
@@ -24,6 +40,10 @@ bool read_preset(const QString& path, lightroom_importer& record)
         return true;
     case preset_format::xmp:
         record.read_xmp(path);
+        return true;
+    case preset_format::dng:
+        record.read_dng(path);
+        name_after_file(path, record);
         return true;
     case preset_format::unsupported:
         break;
@@ -41,6 +61,13 @@ bool read_preset(const preset_source& preset, lightroom_importer& record)
         return true;
     case preset_format::xmp:
         record.read_xmp_data(preset.data);
+        return true;
+    case preset_format::dng:
+        // Its packet was taken while the archive was read.
+        if (!preset.error.isEmpty())
+            throw std::runtime_error(preset.error.toStdString());
+        record.read_dng_packet(preset.data);
+        name_after_file(preset.path, record);
         return true;
     case preset_format::unsupported:
         break;

@@ -22,7 +22,7 @@ void add_folder(const QString& folder, gathered_presets& gathered)
     const QDir root(QFileInfo(folder).absoluteFilePath());
     for (const QString& path : found) {
         const QString relative = root.relativeFilePath(QFileInfo(path).absoluteFilePath());
-        gathered.presets.append({path, folder_of(relative), QByteArray(), false});
+        gathered.presets.append({path, folder_of(relative), QByteArray(), false, QString()});
     }
 }
 
@@ -42,7 +42,7 @@ void add_archive(const QString& archive, gathered_presets& gathered)
         gathered.empty_folders.append(archive);
     for (archive_preset& preset : contents.presets) {
         gathered.presets.append({archive + QLatin1Char('/') + preset.entry, folder_of(preset.entry),
-                                 std::move(preset.data), true});
+                                 std::move(preset.data), true, preset.error});
     }
 }
 
@@ -58,7 +58,7 @@ gathered_presets gather_presets(const QStringList& items)
         else if (info.isFile() && is_preset_archive(item))
             add_archive(item, gathered);
         else
-            gathered.presets.append({item, QString(), QByteArray(), false});
+            gathered.presets.append({item, QString(), QByteArray(), false, QString()});
     }
     return gathered;
 }
@@ -68,6 +68,6 @@ QVector<preset_source> presets_of_files(const QStringList& files)
     QVector<preset_source> presets;
     presets.reserve(files.size());
     for (const QString& file : files)
-        presets.append({file, QString(), QByteArray(), false});
+        presets.append({file, QString(), QByteArray(), false, QString()});
     return presets;
 }

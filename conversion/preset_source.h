@@ -21,6 +21,8 @@ struct preset_source {
     // An archive entry's bytes; files are read from path.
     QByteArray data;
     bool in_archive = false;
+    // An archive's DNG preset whose packet could not be taken: why.
+    QString error;
 };
 
 // An archive, or one of its entries, that gave no preset.

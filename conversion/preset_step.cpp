@@ -23,6 +23,7 @@ preset_step::preset_step(preset_source preset, QString colour_space, bool learn_
 void preset_step::read_and_check()
 {
     read_preset(source, record);
+    profile = is_lightroom_profile(record.extras);
     // Rendering a settings map of a hundred entries costs more than the rest of
     // the bookkeeping; only do it when someone listens.
     if (QLoggingCategory::defaultCategory()->isDebugEnabled())
@@ -144,7 +145,7 @@ private:
         log_holding::hold_into(&ahead.building_lines);
         // Built even for a preset the run may skip: the answers come later.
         try {
-            if (!ahead.reading_error)
+            if (!ahead.reading_error && !ahead.step->profile)
                 ahead.step->build_style();
         } catch (...) {
             ahead.building_error = std::current_exception();

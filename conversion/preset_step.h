@@ -28,6 +28,8 @@ public:
     bool dehaze = false;
     bool lut = false;
     bool camera_calibration = false;
+    // A Lightroom profile: no develop preset, no questions, no style.
+    bool profile = false;
     bool converted = false;
     QString document;
     // Learnt while building when asked for (or when debug lines are shown).

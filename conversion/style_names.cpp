@@ -21,6 +21,14 @@ bool style_names::free_for(const QString& key, const QString& owner) const
 QString style_names::name_for(const QString& scope, const QString& style_name, const QString& owner,
                               const QString& label_path, bool& renamed)
 {
+    const QString name = choose(scope, style_name, owner, label_path, renamed);
+    owner_of_.insert(key_of(scope, name), owner);
+    return name;
+}
+
+QString style_names::choose(const QString& scope, const QString& style_name, const QString& owner,
+                            const QString& label_path, bool& renamed) const
+{
     renamed = !free_for(key_of(scope, style_name), owner);
     QString name = style_name;
     if (renamed) {
@@ -39,7 +47,6 @@ QString style_names::name_for(const QString& scope, const QString& style_name, c
         for (int n = 2; !named && !with_label(prefix + QString::number(n)); ++n) {
         }
     }
-    owner_of_.insert(key_of(scope, name), owner);
     return name;
 }
 
@@ -48,11 +55,31 @@ QString style_names::entry_for(const QString& style_name, const QString& subfold
     return name_for(QString(), style_name, subfolder, subfolder, renamed);
 }
 
+namespace {
+
+// A drive letter's colon has no place in a file name.
+QString label_path_of(const QString& preset_folder)
+{
+    return QString(preset_folder).remove(QLatin1Char(':'));
+}
+
+} // namespace
+
 QString style_names::separate_name_for(const QString& scope, const QString& style_name, const QString& preset_folder,
                                        bool& renamed)
 {
-    // A drive letter's colon has no place in a file name.
-    QString label_path = preset_folder;
-    label_path.remove(QLatin1Char(':'));
-    return name_for(scope, style_name, preset_folder, label_path, renamed);
+    return name_for(scope, style_name, preset_folder, label_path_of(preset_folder), renamed);
+}
+
+QString style_names::entry_would_be(const QString& style_name, const QString& subfolder) const
+{
+    bool renamed = false;
+    return choose(QString(), style_name, subfolder, subfolder, renamed);
+}
+
+QString style_names::separate_name_would_be(const QString& scope, const QString& style_name,
+                                            const QString& preset_folder) const
+{
+    bool renamed = false;
+    return choose(scope, style_name, preset_folder, label_path_of(preset_folder), renamed);
 }

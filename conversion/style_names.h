@@ -21,9 +21,16 @@ public:
     QString separate_name_for(const QString& scope, const QString& style_name, const QString& preset_folder,
                               bool& renamed);
 
+    // The names the two calls above would give now, without taking them.
+    QString entry_would_be(const QString& style_name, const QString& subfolder) const;
+    QString separate_name_would_be(const QString& scope, const QString& style_name,
+                                   const QString& preset_folder) const;
+
 private:
     QString name_for(const QString& scope, const QString& style_name, const QString& owner, const QString& label_path,
                      bool& renamed);
+    QString choose(const QString& scope, const QString& style_name, const QString& owner, const QString& label_path,
+                   bool& renamed) const;
     bool free_for(const QString& key, const QString& owner) const;
 
     QHash<QString, QString> owner_of_; // scope + '/' + name -> folder that gave it

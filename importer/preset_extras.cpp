@@ -18,6 +18,11 @@ void preset_extras::note_local_adjustments(const QString& key, int count)
     }
 }
 
+bool is_lightroom_profile(const preset_extras& extras)
+{
+    return extras.preset_type == QLatin1String("Look");
+}
+
 QString named_white_balance(const QMap<QString, QString>& settings)
 {
     QString name = settings.value(QStringLiteral("WhiteBalance"));

@@ -14,6 +14,14 @@ struct preset_extras {
     QMap<QString, int> local_adjustments;
     // The profile's Look by name ("Adobe Color"); empty without one.
     QString look;
+    // What the file calls itself: an XMP preset's top-level crs:PresetType
+    // ("Normal" for a develop preset, "Look" for a profile); empty when it
+    // names none.
+    QString preset_type;
+    // The group an XMP preset files itself under (top-level crs:Group: the
+    // "x-default" text, else the first non-empty one, trimmed); empty
+    // without one.
+    QString group;
     // Settings keys that are no develop settings: an XMP file's fields outside
     // the camera-raw settings (its EXIF, TIFF and xmp metadata).
     QSet<QString> non_develop_keys;
@@ -22,6 +30,10 @@ struct preset_extras {
     // keys of other lists are passed over.
     void note_local_adjustments(const QString& key, int count);
 };
+
+// Whether the preset is a Lightroom profile (its file calls itself a
+// "Look"): a look table and its amount, no develop settings of its own.
+bool is_lightroom_profile(const preset_extras& extras);
 
 // The white balance a preset names instead of giving it in numbers
 // ("Daylight", "Auto"); such a name yields no white-balance entry in a style.

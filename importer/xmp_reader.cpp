@@ -44,6 +44,34 @@ void note_skipped_element(preset_extras& extras, QXmlStreamReader& reader)
     extras.note_local_adjustments(element, items);
 }
 
+// A preset's group, a language alternative like its name: the "x-default"
+// text, else the first that is not empty, trimmed. The reader stands on the
+// crs:Group element and leaves it consumed.
+QString group_text(QXmlStreamReader& reader)
+{
+    QString first;
+    QString by_default;
+    while (reader.readNextStartElement()) {
+        if (reader.name() != QLatin1String("Alt")) {
+            reader.skipCurrentElement();
+            continue;
+        }
+        while (reader.readNextStartElement()) {
+            if (reader.name() != QLatin1String("li")) {
+                reader.skipCurrentElement();
+                continue;
+            }
+            const bool is_default = reader.attributes().value(QLatin1String("xml:lang")) == QLatin1String("x-default");
+            const QString text = reader.readElementText(QXmlStreamReader::IncludeChildElements).trimmed();
+            if (is_default && by_default.isEmpty())
+                by_default = text;
+            if (first.isEmpty())
+                first = text;
+        }
+    }
+    return by_default.isEmpty() ? first : by_default;
+}
+
 // The attributes and children of the one rdf:Description that holds the
 // develop settings; the reader stands on its start element.
 void read_description(lightroom_importer& record, QXmlStreamReader& reader)
@@ -52,10 +80,15 @@ void read_description(lightroom_importer& record, QXmlStreamReader& reader)
         const QString key = attribute.name().toString();
         const QString value = attribute.value().toString();
         record.settings.insert(key, value);
-        if (attribute.namespaceUri() == camera_raw_namespace)
+        if (attribute.namespaceUri() == camera_raw_namespace) {
             record.extras.non_develop_keys.remove(key);
-        else
+            if (key == QLatin1String("PresetType"))
+                record.extras.preset_type = value;
+            else if (key == QLatin1String("Group"))
+                record.extras.group = value.trimmed();
+        } else {
             record.extras.non_develop_keys.insert(key);
+        }
         qCDebug(conversion_log) << key << "->" << value;
     }
 
@@ -79,6 +112,12 @@ void read_description(lightroom_importer& record, QXmlStreamReader& reader)
         } else if (element == QLatin1String("ToneCurvePV2012Blue")) {
             record.tone_curve_blue = lightroom_importer::get_curve(reader);
             qCDebug(conversion_log) << "ToneCurvePV2012Blue -> " << record.tone_curve_blue;
+        } else if (element == QLatin1String("Group")) {
+            qCDebug(conversion_log) << "Skipping" << element;
+            record.extras.group = group_text(reader);
+        } else if (element == QLatin1String("PresetType")) {
+            qCDebug(conversion_log) << "Skipping" << element;
+            record.extras.preset_type = reader.readElementText(QXmlStreamReader::SkipChildElements).trimmed();
         } else {
             qCDebug(conversion_log) << "Skipping" << element;
             note_skipped_element(record.extras, reader);

@@ -8,7 +8,7 @@ packages=(
     # build
     cmake g++ make pkg-config
     qtbase5-dev qttools5-dev-tools qttools5-dev libqt5svg5-dev qttranslations5-l10n
-    libzip-dev zlib1g-dev
+    libzip-dev zlib1g-dev libtiff-dev
     # resources: fonts embedded at build time, icons rendered from SVG
     fonts-freefont-ttf librsvg2-bin
     # tests and benchmarks

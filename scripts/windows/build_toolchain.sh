@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the Windows cross toolchain from Debian's source packages: Qt's
-# qtbase, libzip and GoogleTest for MinGW-w64, installed into a cache folder
+# qtbase, libzip, libtiff and GoogleTest for MinGW-w64, installed into a cache folder
 # outside the tree (toolchain.conf says which versions, options and folder).
 # Unattended; installs the Debian packages it needs (with sudo when not
 # root). Each part is built once and reused while its version and options
@@ -66,6 +66,18 @@ if ! built "$stamp"; then
     cmake -S "$src" -B "$mingw_cache/build/libzip" "${cmake_cross[@]}" "${libzip_options[@]}" >/dev/null
     cmake --build "$mingw_cache/build/libzip" --parallel "$jobs"
     cmake --install "$mingw_cache/build/libzip" >/dev/null
+    touch "$stamp_dir/$stamp"
+fi
+
+# libtiff
+stamp="libtiff-$libtiff_version-r$libtiff_revision"
+if ! built "$stamp"; then
+    echo "=== libtiff $libtiff_version"
+    src="$(unpack_source "$libtiff_source" "$libtiff_version")"
+    rm -rf "$mingw_cache/build/libtiff"
+    cmake -S "$src" -B "$mingw_cache/build/libtiff" "${cmake_cross[@]}" "${libtiff_options[@]}" >/dev/null
+    cmake --build "$mingw_cache/build/libtiff" --parallel "$jobs"
+    cmake --install "$mingw_cache/build/libtiff" >/dev/null
     touch "$stamp_dir/$stamp"
 fi
 

@@ -133,7 +133,7 @@ TEST(conversion_run, answers_are_remembered_by_the_rules_of_the_run)
         b.answers = c.answers;
         QStringList files;
         for (int i = 0; i < c.presets.size(); ++i)
-            files << b.preset(QStringLiteral("p%1.xmp").arg(i), "P", c.presets[i]);
+            files << b.preset(QStringLiteral("p%1.xmp").arg(i), QStringLiteral("P%1").arg(i), c.presets[i]);
         const conversion_result result = b.run(files);
         EXPECT_EQ(b.asked(files), c.asked);
         EXPECT_EQ(b.written(), c.written);
