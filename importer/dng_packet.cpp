@@ -87,21 +87,45 @@ QString formatted(const char* format, va_list arguments)
     return QString::fromUtf8(text);
 }
 
-// The first error is the reason; later ones follow from it.
+// The name libtiff puts before some of its messages.
+const char* const file_label = "DNG";
+
+// What libtiff said while the file was opened.
+struct messages {
+    QString error;          // the first error: the reason; later ones follow from it
+    QString packet_warning; // why the packet's tag was passed over, if it was
+};
+
+QString without_label(QString text)
+{
+    const QString label = QString::fromLatin1(file_label) + QStringLiteral(": ");
+    return text.startsWith(label) ? text.mid(label.size()) : text;
+}
+
 int keep_first_error(TIFF*, void* user_data, const char*, const char* format, va_list arguments)
 {
-    auto* reason = static_cast<QString*>(user_data);
-    const QString text = formatted(format, arguments);
-    if (reason->isEmpty())
-        *reason = text;
+    auto* said = static_cast<messages*>(user_data);
+    const QString text = without_label(formatted(format, arguments));
+    if (said->error.isEmpty())
+        said->error = text;
     return 1;
 }
 
-int log_warning(TIFF*, void*, const char* module, const char* format, va_list arguments)
+// A damaged packet tag is only a warning to libtiff, which then passes it
+// over; for a preset it is the reason the file can't be read.
+int keep_packet_warning(TIFF*, void* user_data, const char* module, const char* format, va_list arguments)
 {
-    qCDebug(conversion_log).noquote() << QStringLiteral("libtiff %1: %2")
-                                             .arg(QString::fromUtf8(module ? module : ""), formatted(format, arguments));
+    auto* said = static_cast<messages*>(user_data);
+    const QString text = without_label(formatted(format, arguments));
+    if (said->packet_warning.isEmpty() && text.contains(QLatin1String("XMLPacket")))
+        said->packet_warning = text;
+    qCDebug(conversion_log).noquote() << QStringLiteral("libtiff %1: %2").arg(QString::fromUtf8(module ? module : ""), text);
     return 1;
+}
+
+[[noreturn]] void fail(const QString& reason)
+{
+    throw std::runtime_error(QStringLiteral("Not a readable DNG: %1").arg(reason).toStdString());
 }
 
 struct options_deleter {
@@ -115,27 +139,27 @@ struct tiff_closer {
 
 QByteArray read_dng_xmp_packet(QIODevice& device)
 {
-    QString reason;
+    messages said;
     const std::unique_ptr<TIFFOpenOptions, options_deleter> options(TIFFOpenOptionsAlloc());
     TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), max_single_allocation);
-    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), keep_first_error, &reason);
-    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), log_warning, nullptr);
+    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), keep_first_error, &said);
+    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), keep_packet_warning, &said);
 
     if (!device.seek(0))
-        throw std::runtime_error("The file can't be read from its start.");
+        fail(QStringLiteral("the file can't be read from its start."));
     // "r": read only; "m": never map the file, everything goes through the
     // callbacks. Opening reads the header and the first directory only.
     const std::unique_ptr<TIFF, tiff_closer> tiff(TIFFClientOpenExt(
-        "DNG", "rm", &device, read_device, write_nothing, seek_device, close_nothing, device_size, map_nothing,
+        file_label, "rm", &device, read_device, write_nothing, seek_device, close_nothing, device_size, map_nothing,
         unmap_nothing, options.get()));
-    if (!tiff) {
-        if (reason.isEmpty())
-            reason = QStringLiteral("The file is not a DNG.");
-        throw std::runtime_error(reason.toStdString());
-    }
+    if (!tiff)
+        fail(said.error.isEmpty() ? QStringLiteral("the file is no TIFF.") : said.error);
     uint32_t size = 0;
     const void* packet = nullptr;
-    if (TIFFGetField(tiff.get(), TIFFTAG_XMLPACKET, &size, &packet) != 1 || packet == nullptr)
+    if (TIFFGetField(tiff.get(), TIFFTAG_XMLPACKET, &size, &packet) != 1 || packet == nullptr) {
+        if (!said.packet_warning.isEmpty())
+            fail(said.packet_warning);
         return QByteArray();
+    }
     return QByteArray(static_cast<const char*>(packet), int(size));
 }

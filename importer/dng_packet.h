@@ -15,9 +15,10 @@ class QIODevice;
 // and seekable: only the file's header and its first directory are read,
 // never image data, so a large DNG costs what a small one does. Returns an
 // empty array when the first directory has no packet. Throws
-// std::runtime_error with libtiff's reason when the file is no TIFF or is
-// damaged (truncated, offsets past its end, absurd counts). libtiff's
-// warnings go to the debug log.
+// std::runtime_error, "Not a readable DNG: " and libtiff's reason, when the
+// file is no TIFF or is damaged (truncated, offsets past its end, absurd
+// counts, a packet that can't be read). libtiff's warnings go to the debug
+// log.
 QByteArray read_dng_xmp_packet(QIODevice& device);
 
 // Thrown for a DNG whose packet is missing or holds no develop settings: a

@@ -249,6 +249,34 @@
         <source>failed: %1</source>
         <translation>fehlgeschlagen: %1</translation>
     </message>
+    <message>
+        <source>Not a DNG preset</source>
+        <translation>Kein DNG-Preset</translation>
+    </message>
+    <message>
+        <source>The DNG file %1 holds no develop settings.</source>
+        <translation>Die DNG-Datei %1 enthält keine Entwicklungseinstellungen.</translation>
+    </message>
+    <message>
+        <source>it holds no develop settings</source>
+        <translation>sie enthält keine Entwicklungseinstellungen</translation>
+    </message>
+    <message>
+        <source>%1 is a Lightroom profile, not a develop preset; Capture One cannot use Lightroom profiles.</source>
+        <translation>%1 ist ein Lightroom-Profil, kein Entwicklungs-Preset; Capture One kann Lightroom-Profile nicht verwenden.</translation>
+    </message>
+    <message>
+        <source>%1 gives the same style as %2; written once</source>
+        <translation>%1 ergibt denselben Stil wie %2; einmal geschrieben</translation>
+    </message>
+    <message>
+        <source>skipped: a Lightroom profile, not a develop preset; Capture One cannot use Lightroom profiles</source>
+        <translation>übersprungen: ein Lightroom-Profil, kein Entwicklungs-Preset; Capture One kann Lightroom-Profile nicht verwenden</translation>
+    </message>
+    <message>
+        <source>skipped: gives the same style as %1; written once</source>
+        <translation>übersprungen: ergibt denselben Stil wie %1; einmal geschrieben</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>
