@@ -10,11 +10,12 @@
 
 namespace {
 
-// A DNG made from a photo often names no preset; its file's name is the one
-// the person gave it.
+// A DNG made from a photo often names no preset; where the style would get
+// no name from its packet (neither a title nor an rdf:about), the file's name
+// is the one the person gave it.
 void name_after_file(const QString& path, lightroom_importer& record)
 {
-    if (record.name.isEmpty())
+    if (record.name.isEmpty() && record.settings.value(QStringLiteral("about")).isEmpty())
         record.name = QFileInfo(path).completeBaseName();
 }
 
