@@ -2,7 +2,9 @@
 #include "cli/preset_report_json.h"
 
 #include "conversion/conversion_messages.h"
+#include "conversion/preset_outcome.h"
 #include "conversion/preset_reading.h"
+#include "importer/dng_packet.h"
 #include "conversion/preset_source.h"
 #include "importer/lightroom_importer.h"
 #include "writer/carried_settings.h"
@@ -75,6 +77,14 @@ QByteArray preset_json(const QString& path, const lightroom_importer& record)
     for (auto it = record.settings.cbegin(); it != record.settings.cend(); ++it)
         json.key(it.key()).value(it.value());
     json.end_object();
+    // A profile is said as a run would say it; develop presets carry no such key.
+    if (is_lightroom_profile(record.extras)) {
+        preset_outcome profile;
+        profile.kind = outcome_kind::skipped;
+        profile.skipped_as = skip_reason::profile;
+        profile.file = path;
+        json.key(QStringLiteral("skipped")).value(conversion_messages::skip_line(profile));
+    }
     json.end_object();
     return json.text();
 }
@@ -98,6 +108,8 @@ QByteArray inspect_preset(const preset_source& preset, bool exists, QString& err
             lightroom_importer record;
             read_preset(preset, record);
             return preset_json(path, record);
+        } catch (const no_develop_settings&) {
+            error = failure_text(conversion_messages::no_develop_settings(path));
         } catch (const std::exception& exception) {
             error = failure_text(conversion_messages::unreadable_preset(path, QString::fromUtf8(exception.what())));
         }

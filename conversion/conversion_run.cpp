@@ -164,8 +164,10 @@ private:
         const QString& document = step.document;
         const QString preset_folder = QFileInfo(path).absolutePath();
         // The same look from another folder, archive or group is written once;
-        // a preset whose style takes the very same name replaces it instead.
-        if (const same_styles::first_style* first = same_styles_.first_like(document)) {
+        // a preset whose style takes the very same name replaces it instead,
+        // and presets of one folder each keep their own file.
+        const same_styles::first_style* first = same_styles_.first_like(document);
+        if (first != nullptr && first->folder != preset_folder) {
             const QString name = separate_
                                      ? folder + QLatin1Char('/') +
                                            entry_names_.separate_name_would_be(preset.subfolder, style_name,
@@ -190,7 +192,7 @@ private:
                                                        "goes into the pack as %2.")
                                             .arg(path, entry);
             pack_entries.insert(entry, document);
-            same_styles_.remember(document, path, entry);
+            same_styles_.remember(document, path, entry, preset_folder);
             outcome.target = entry;
             outcome.in_pack = true;
             return;
@@ -211,7 +213,7 @@ private:
                         outcome);
         if (!write_style(target, document, reason))
             return fail(conversion_messages::write_failed(path, target, reason), outcome);
-        same_styles_.remember(document, path, target);
+        same_styles_.remember(document, path, target, preset_folder);
         outcome.target = target;
     }
 

@@ -31,9 +31,9 @@ const same_styles::first_style* same_styles::first_like(const QString& document)
     return found == firsts_.cend() ? nullptr : &found.value();
 }
 
-void same_styles::remember(const QString& document, const QString& file, const QString& name)
+void same_styles::remember(const QString& document, const QString& file, const QString& name, const QString& folder)
 {
     const QByteArray identity = identity_of(document);
     if (!firsts_.contains(identity))
-        firsts_.insert(identity, {file, name});
+        firsts_.insert(identity, {file, name, folder});
 }

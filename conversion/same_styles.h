@@ -12,13 +12,14 @@ class same_styles {
 public:
     struct first_style {
         QString file; // the preset's path as handed to the run
-        QString name; // the file or pack entry its style went to
+        QString name;   // the file or pack entry its style went to
+        QString folder; // the folder it was found in (an archive's path counts as a folder)
     };
 
     // The first style of the run equal to document, or nullptr.
     const first_style* first_like(const QString& document) const;
     // Remembers document's style unless an equal one came first.
-    void remember(const QString& document, const QString& file, const QString& name);
+    void remember(const QString& document, const QString& file, const QString& name, const QString& folder);
 
 private:
     static QByteArray identity_of(const QString& document);
