@@ -230,10 +230,13 @@ void MainWindow::on_button_convert_clicked()
     // A folder that is gone would leave its name typed into the dialog.
     const QString start_folder = nearest_existing_folder(
         settings.value(settings_keys::input_dir.key, settings_keys::input_dir.default_value).toString());
-    // Zip archives of presets are a second choice; they convert as dropped ones do.
+    // Presets of every kind and zip archives of them are further choices; an
+    // archive converts as a dropped one does.
     const QStringList files = QFileDialog::getOpenFileNames(
         this, tr("Load Lightroom Template"), start_folder,
-        tr("Lightroom Templates(*.lrtemplate *.xmp)") + QStringLiteral(";;") + tr("Zip Archives of Presets(*.zip)"));
+        tr("Lightroom Templates(*.lrtemplate *.xmp)") + QStringLiteral(";;") +
+            tr("All Presets and Archives(*.lrtemplate *.xmp *.dng *.zip)") + QStringLiteral(";;") +
+            tr("Zip Archives of Presets(*.zip)"));
     if (files.isEmpty())
         return;
     // The files stay flat; an archive gives its presets with their folders.

@@ -58,8 +58,9 @@ parsed_command_line parse_command_line(const QStringList& arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Converts Lightroom develop presets (.lrtemplate, .xmp) into Capture One styles.\n"
-                       "Folders are searched for presets in all their subfolders. Messages and the summary\n"
+        QStringLiteral("Converts Lightroom develop presets (.lrtemplate, .xmp, .dng) into Capture One styles.\n"
+                       "Folders are searched for presets in all their subfolders. Lightroom profiles are\n"
+                       "skipped, and a look found twice in different folders is written once. Messages and the summary\n"
                        "go to standard error; standard output carries only --stdout and --inspect output.\n"
                        "Exit status: 0 when nothing failed, 1 when a preset failed, 2 for wrong usage."));
     const QCommandLineOption output({QStringLiteral("o"), QStringLiteral("output")},
@@ -104,7 +105,7 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOption(version);
     parser.addPositionalArgument(QStringLiteral("PRESET|FOLDER"),
-                                 QStringLiteral("Preset files (.lrtemplate, .xmp) and folders of presets."),
+                                 QStringLiteral("Preset files (.lrtemplate, .xmp, .dng) and folders of presets."),
                                  QStringLiteral("PRESET|FOLDER..."));
 
     if (!parser.parse(arguments))

@@ -277,6 +277,10 @@
         <source>skipped: gives the same style as %1; written once</source>
         <translation>übersprungen: ergibt denselben Stil wie %1; einmal geschrieben</translation>
     </message>
+    <message>
+        <source>All Presets and Archives(*.lrtemplate *.xmp *.dng *.zip)</source>
+        <translation>Alle Presets und Archive(*.lrtemplate *.xmp *.dng *.zip)</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>

@@ -561,7 +561,7 @@ void test_window::a_run_writes_what_the_answers_allow()
     run(person);
 
     QCOMPARE(person.open_dialog, (QStringList{"Load Lightroom Template", input,
-                                              "Lightroom Templates(*.lrtemplate *.xmp);Zip Archives of Presets(*.zip)"}));
+                                              "Lightroom Templates(*.lrtemplate *.xmp);All Presets and Archives(*.lrtemplate *.xmp *.dng *.zip);Zip Archives of Presets(*.zip)"}));
     QCOMPARE(person.save_dialog.isEmpty(), format == QLatin1String("separate") || chosen.isEmpty());
     QCOMPARE(person.boxes.size(), boxes.size());
     for (int i = 0; i < boxes.size(); ++i)

@@ -39,7 +39,7 @@ deb="$(find "$work/cpack" -maxdepth 1 -name 'stylewright_*.deb' | head -n 1)"
 dpkg-deb -f "$deb" Package Version Maintainer Homepage Section Description | diff -u "$data_dir/control" - \
     || fail "control fields differ"
 depends="$(dpkg-deb -f "$deb" Depends)"
-for package in 'libc6' 'libstdc\+\+6' 'libqt5core5(a|t64)' 'libzip4(t64)?' ${gui_binary:+'libqt5widgets5(t64)?'}; do
+for package in 'libc6' 'libstdc\+\+6' 'libqt5core5(a|t64)' 'libzip4(t64)?' 'libtiff6' ${gui_binary:+'libqt5widgets5(t64)?'}; do
     grep -Eq "(^|, )${package} \(>= [^)]+\)" <<<"$depends" || fail "Depends lacks a versioned $package: $depends"
 done
 grep -Eq "(^|, )qttranslations5-l10n(,|$)" <<<"$depends" || fail "Depends lacks qttranslations5-l10n: $depends"
