@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Cross-builds for 64-bit Windows with Debian's MinGW-w64 (POSIX threads),
-# against the Qt, libzip and GoogleTest that scripts/windows/build_toolchain.sh
+# against the Qt, libzip, libtiff and GoogleTest that scripts/windows/build_toolchain.sh
 # installs, and runs what it builds (tests, gtest's discovery) under Wine.
 #
 #   cmake -S . -B build/windows --toolchain cmake/mingw_w64_toolchain.cmake

@@ -67,6 +67,16 @@ void xmp(const QByteArray& input)
     record.read_xmp_data(input);
 }
 
+void dng(const QByteArray& input)
+{
+    lightroom_importer record;
+    try {
+        record.read_dng_data(input);
+    } catch (const std::runtime_error&) {
+        // A damaged DNG, or one without develop settings.
+    }
+}
+
 void lut_3dl(const QByteArray& input)
 {
     colour_table table;
@@ -114,10 +124,19 @@ void preset_archive(const QByteArray& input)
     for (const archive_preset& preset : contents.presets) {
         if (preset.entry.isEmpty() || preset.entry.startsWith(QLatin1Char('/')) || preset.entry.contains(QLatin1String("..")))
             std::abort(); // a name that could leave the output folder
-        if (preset_format_of(preset.entry) == preset_format::xmp)
+        switch (preset_format_of(preset.entry)) {
+        case preset_format::xmp:
             xmp(preset.data);
-        else
+            break;
+        case preset_format::dng:
+            // Its packet was taken while the archive was read.
+            if (preset.error.isEmpty())
+                xmp(preset.data);
+            break;
+        default:
             regular_template(preset.data);
+            break;
+        }
     }
 }
 

@@ -20,6 +20,11 @@ void regular_template(const QByteArray& input);
 void dot_notation(const QByteArray& input);
 // The XMP reader over raw bytes; it logs and goes on instead of failing.
 void xmp(const QByteArray& input);
+// The DNG reader over a file's bytes, as an archive's entry comes: libtiff
+// takes the packet out of the first directory and the XMP reader reads it;
+// std::runtime_error (no_develop_settings among them) is its answer to a
+// damaged file or one that is no preset.
+void dng(const QByteArray& input);
 // The 3DL reader, then lookups in whatever table it accepted;
 // stk::exception is its answer to a broken file.
 void lut_3dl(const QByteArray& input);

@@ -28,6 +28,7 @@ findings="$source_dir/tests/fuzz/findings"
 copy_into regular_template "$preset_corpus"/lrtemplate/* "$findings"/regular_template/*
 copy_into dot_notation "$source_dir"/fuzz/inputs/dot_notation/* "$findings"/dot_notation/*
 copy_into xmp "$preset_corpus"/xmp/* "$findings"/xmp/*
+copy_into dng "$source_dir"/fuzz/inputs/dng/* "$findings"/dng/*
 copy_into 3dl "$source_dir"/resources/data/*.3dl "$source_dir"/fuzz/inputs/3dl/* "$findings"/3dl/*
 copy_into costyle_writer "$source_dir"/fuzz/inputs/costyle_writer/* "$findings"/costyle_writer/*
 copy_into preset_archive "$findings"/preset_archive/*

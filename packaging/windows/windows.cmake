@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Windows: the programs' icon and version resource, everything they need
-# beside them (Qt's, libzip's, zlib's and the MinGW runtime's DLLs, Qt's
+# beside them (Qt's, libzip's, libtiff's, zlib's and the MinGW runtime's DLLs, Qt's
 # platform and style plugins, Qt's German texts) and the NSIS installer.
 # Included by packaging/CMakeLists.txt when building for Windows, natively
 # (MSYS2) or cross-compiled with cmake/mingw_w64_toolchain.cmake.
@@ -94,6 +94,15 @@ foreach(dll libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll zlib1.dll lib
     stylewright_find_runtime_dll(${dll_variable} ${dll})
     list(APPEND runtime_dlls "${${dll_variable}}")
 endforeach()
+# libtiff, for DNG presets: the DLL of the imported library found (libtiff.dll
+# from the cross toolchain, libtiff-6.dll from MSYS2).
+get_filename_component(tiff_library_folder "${TIFF_LIBRARY_RELEASE}${TIFF_LIBRARY}" DIRECTORY)
+file(GLOB tiff_dll "${tiff_library_folder}/../bin/libtiff*.dll")
+if(NOT tiff_dll)
+    message(FATAL_ERROR "libtiff's DLL, which the programs need on Windows, was not found beside ${tiff_library_folder}.")
+endif()
+list(GET tiff_dll 0 tiff_dll)
+list(APPEND runtime_dlls "${tiff_dll}")
 set(qt_modules Qt5::Core)
 if(TARGET stylewright)
     list(APPEND qt_modules Qt5::Gui Qt5::Widgets)

@@ -5,7 +5,7 @@
 #
 #   wine_run.sh --prefix=<toolchain prefix> <program.exe> [arguments...]
 #
-# Wine finds the DLLs of Qt, libzip, zlib and the MinGW runtime through
+# Wine finds the DLLs of Qt, libzip, libtiff, zlib and the MinGW runtime through
 # WINEPATH. Everything runs in a Wine folder of its own beside the toolchain
 # (STYLEWRIGHT_WINEPREFIX to choose another), never in the user's ~/.wine, so
 # the registry settings a test writes stay there.

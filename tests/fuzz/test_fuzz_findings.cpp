@@ -22,6 +22,7 @@ const harness harnesses[] = {
     {"regular_template", fuzz_targets::regular_template},
     {"dot_notation", fuzz_targets::dot_notation},
     {"xmp", fuzz_targets::xmp},
+    {"dng", fuzz_targets::dng},
     {"3dl", fuzz_targets::lut_3dl},
     {"costyle_writer", fuzz_targets::costyle_writer},
 };
