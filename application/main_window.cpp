@@ -225,6 +225,22 @@ QString MainWindow::output_folder() const
     return settings.value(settings_keys::output_dir.key, settings_keys::output_dir.default_value).toString();
 }
 
+namespace {
+
+// The files of known kinds that are no presets, in every folder and archive
+// that held no preset.
+other_files others_in(const gathered_presets& gathered)
+{
+    other_files all;
+    for (const empty_place& place : gathered.empty_folders) {
+        for (auto it = place.others.cbegin(); it != place.others.cend(); ++it)
+            all[it.key()] += it.value();
+    }
+    return all;
+}
+
+} // namespace
+
 void MainWindow::on_button_convert_clicked()
 {
     // A folder that is gone would leave its name typed into the dialog.
@@ -243,7 +259,7 @@ void MainWindow::on_button_convert_clicked()
     const gathered_presets chosen = gather_presets(files);
     report_archive_failures(chosen.archive_failures);
     if (chosen.presets.isEmpty()) {
-        account->show_nothing_found();
+        account->show_nothing_found(others_in(chosen));
         return;
     }
     convert_presets(chosen.presets);
@@ -265,7 +281,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     const gathered_presets dropped = dropped_presets(event->mimeData()->urls());
     event->acceptProposedAction();
     if (dropped.presets.isEmpty() && dropped.archive_failures.isEmpty()) {
-        account->show_nothing_found();
+        account->show_nothing_found(others_in(dropped));
         return;
     }
     // Started from the event loop, not inside the drop: the run opens modal
@@ -274,7 +290,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     QTimer::singleShot(0, this, [this, dropped] {
         report_archive_failures(dropped.archive_failures);
         if (dropped.presets.isEmpty())
-            account->show_nothing_found();
+            account->show_nothing_found(others_in(dropped));
         else
             convert_presets(dropped.presets);
     });

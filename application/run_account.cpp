@@ -192,10 +192,10 @@ void run_account::pack_not_written(const QString& path, const QString& reason)
     emit height_changed();
 }
 
-void run_account::show_nothing_found()
+void run_account::show_nothing_found(const other_files& others)
 {
     begin();
-    summary_label_->setText(tr("No presets found"));
+    summary_label_->setText(others.isEmpty() ? tr("No presets found") : conversion_messages::nothing_found(others));
     open_button_->setEnabled(false);
     copy_button_->setEnabled(true);
     fold_button_->setEnabled(false);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "conversion/other_files.h"
+
 #include "conversion/preset_outcome.h"
 
 #include <QString>
@@ -32,7 +34,8 @@ public:
     void pack_written(const QString& path);
     void pack_not_written(const QString& path, const QString& reason);
     // A drop or pick that held no preset at all.
-    void show_nothing_found();
+    // others: files of known kinds that are no presets, found instead.
+    void show_nothing_found(const other_files& others = {});
 
     QString summary() const;
     QString pack_line() const;

@@ -4,6 +4,7 @@
 
 #include "conversion/conversion_run.h"
 #include "conversion/held_log.h"
+#include "conversion/other_files.h"
 #include "conversion/preset_source.h"
 #include "conversion/stylepack_writer.h"
 #include "cli/cli_options.h"
@@ -198,8 +199,9 @@ int run_cli(const QStringList& arguments)
     const cli_options& options = parsed.options;
     cli_output::install(options.level);
     const gathered_presets gathered = gather_presets(options.inputs);
-    for (const QString& folder : gathered.empty_folders)
-        cli_output::log_line(QtWarningMsg, QStringLiteral("%1: No preset found in this folder.").arg(folder));
+    for (const empty_place& folder : gathered.empty_folders)
+        cli_output::log_line(QtWarningMsg, folder.path + QStringLiteral(": ") +
+                                               conversion_messages::nothing_found(folder.others));
     for (const archive_failure& failure : gathered.archive_failures) {
         const QString where = failure.entry.isEmpty() ? failure.archive : failure.archive + QLatin1Char('/') + failure.entry;
         cli_output::error_line(where + QStringLiteral(": ") + failure.reason);

@@ -90,8 +90,11 @@ private:
             refuse(contents, name, archive_problem::nested_archive);
             return;
         }
-        if (preset_format_of(name) == preset_format::unsupported)
+        if (preset_format_of(name) == preset_format::unsupported) {
+            if (!other_kind_of(name).isEmpty())
+                ++contents.others[other_kind_of(name)];
             return;
+        }
 
         zip_stat_t stat;
         zip_stat_init(&stat);

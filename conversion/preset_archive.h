@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "conversion/other_files.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QVector>
@@ -66,6 +68,8 @@ struct archive_contents {
     QString detail;
     QVector<archive_preset> presets;
     QVector<archive_refusal> refusals;
+    // Entries of known kinds that are no presets, by suffix.
+    other_files others;
 };
 
 // True for a path whose last suffix is ".zip" in any letter case.

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-QStringList presets_in_folder(const QString& folder)
+QStringList presets_in_folder(const QString& folder, other_files* others)
 {
     QStringList found;
     // Without QDir::Hidden the walk leaves out hidden files and folders, such as
@@ -18,6 +18,8 @@ QStringList presets_in_folder(const QString& folder)
         const QString path = it.next();
         if (preset_format_of(path) != preset_format::unsupported)
             found.append(path);
+        else if (others != nullptr && !other_kind_of(path).isEmpty())
+            ++(*others)[other_kind_of(path)];
     }
     std::sort(found.begin(), found.end());
     return found;

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "conversion/other_files.h"
+
 #include <QString>
 #include <QStringList>
 
-// The .xmp and .lrtemplate files (any letter case) of a folder and all its
-// subfolders, sorted by path so that repeated runs see the same order.
-// Hidden files and folders are left out.
-QStringList presets_in_folder(const QString& folder);
+// The .xmp, .dng and .lrtemplate files (any letter case) of a folder and all
+// its subfolders, sorted by path so that repeated runs see the same order.
+// Hidden files and folders are left out. others, when given, counts the files
+// of known kinds that are no presets.
+QStringList presets_in_folder(const QString& folder, other_files* others = nullptr);

@@ -16,9 +16,10 @@ QString folder_of(const QString& relative_path)
 
 void add_folder(const QString& folder, gathered_presets& gathered)
 {
-    const QStringList found = presets_in_folder(folder);
+    other_files others;
+    const QStringList found = presets_in_folder(folder, &others);
     if (found.isEmpty())
-        gathered.empty_folders.append(folder);
+        gathered.empty_folders.append({folder, others});
     const QDir root(QFileInfo(folder).absoluteFilePath());
     for (const QString& path : found) {
         const QString relative = root.relativeFilePath(QFileInfo(path).absoluteFilePath());
@@ -39,7 +40,7 @@ void add_archive(const QString& archive, gathered_presets& gathered)
         gathered.archive_failures.append(
             {archive, refusal.entry, archive_problem_text(refusal.problem, refusal.detail, limits)});
     if (contents.presets.isEmpty() && contents.refusals.isEmpty())
-        gathered.empty_folders.append(archive);
+        gathered.empty_folders.append({archive, contents.others});
     for (archive_preset& preset : contents.presets) {
         gathered.presets.append({archive + QLatin1Char('/') + preset.entry, folder_of(preset.entry),
                                  std::move(preset.data), true, preset.error});

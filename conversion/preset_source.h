@@ -32,11 +32,17 @@ struct archive_failure {
     QString reason;
 };
 
+// A folder or archive in which no preset was found, and the files of known
+// kinds that are no presets it held instead.
+struct empty_place {
+    QString path;
+    other_files others;
+};
+
 struct gathered_presets {
     QVector<preset_source> presets;
     QVector<archive_failure> archive_failures;
-    // Folders and archives in which no preset was found.
-    QStringList empty_folders;
+    QVector<empty_place> empty_folders;
 };
 
 // The presets of what the user named, in order: a file is taken as it is

@@ -281,6 +281,78 @@
         <source>All Presets and Archives(*.lrtemplate *.xmp *.dng *.zip)</source>
         <translation>Alle Presets und Archive(*.lrtemplate *.xmp *.dng *.zip)</translation>
     </message>
+    <message>
+        <source>%1 camera profile (.dcp)</source>
+        <translation>%1 Kameraprofil (.dcp)</translation>
+    </message>
+    <message>
+        <source>%1 camera profiles (.dcp)</source>
+        <translation>%1 Kameraprofile (.dcp)</translation>
+    </message>
+    <message>
+        <source>%1 lens profile (.lcp)</source>
+        <translation>%1 Objektivprofil (.lcp)</translation>
+    </message>
+    <message>
+        <source>%1 lens profiles (.lcp)</source>
+        <translation>%1 Objektivprofile (.lcp)</translation>
+    </message>
+    <message>
+        <source>%1 LUT (.cube)</source>
+        <translation>%1 LUT (.cube)</translation>
+    </message>
+    <message>
+        <source>%1 LUTs (.cube)</source>
+        <translation>%1 LUTs (.cube)</translation>
+    </message>
+    <message>
+        <source>%1 LUT (.3dl)</source>
+        <translation>%1 LUT (.3dl)</translation>
+    </message>
+    <message>
+        <source>%1 LUTs (.3dl)</source>
+        <translation>%1 LUTs (.3dl)</translation>
+    </message>
+    <message>
+        <source>%1 Capture One style (.costyle)</source>
+        <translation>%1 Capture-One-Stil (.costyle)</translation>
+    </message>
+    <message>
+        <source>%1 Capture One styles (.costyle)</source>
+        <translation>%1 Capture-One-Stile (.costyle)</translation>
+    </message>
+    <message>
+        <source>%1 Capture One style pack (.costylepack)</source>
+        <translation>%1 Capture-One-Stilpaket (.costylepack)</translation>
+    </message>
+    <message>
+        <source>%1 Capture One style packs (.costylepack)</source>
+        <translation>%1 Capture-One-Stilpakete (.costylepack)</translation>
+    </message>
+    <message>
+        <source>%1 Lightroom smart collection (.lrsmcol)</source>
+        <translation>%1 Lightroom-Smart-Sammlung (.lrsmcol)</translation>
+    </message>
+    <message>
+        <source>%1 Lightroom smart collections (.lrsmcol)</source>
+        <translation>%1 Lightroom-Smart-Sammlungen (.lrsmcol)</translation>
+    </message>
+    <message>
+        <source>%1 Lightroom catalogue (.lrcat)</source>
+        <translation>%1 Lightroom-Katalog (.lrcat)</translation>
+    </message>
+    <message>
+        <source>%1 Lightroom catalogues (.lrcat)</source>
+        <translation>%1 Lightroom-Kataloge (.lrcat)</translation>
+    </message>
+    <message>
+        <source>No preset found in this folder.</source>
+        <translation>In diesem Ordner wurde kein Preset gefunden.</translation>
+    </message>
+    <message>
+        <source>No preset found in this folder, only files Stylewright does not convert: %1.</source>
+        <translation>In diesem Ordner wurde kein Preset gefunden, nur Dateien, die Stylewright nicht konvertiert: %1.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>
