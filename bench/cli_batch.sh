@@ -7,7 +7,10 @@
 #   2. --inspect over the corpus's templates repeated 20 times, against lua5.4
 #      loading the same files with its own parser, and exiftool -j reading the
 #      corpus's XMP presets repeated 20 times against --inspect of them;
-#   3. CPU time per preset of the --jobs 1 run (user and system, median of 5,
+#   3. --inspect of 1,000 DNG presets against the same 1,000 presets as XMP
+#      (tools/make_dng_presets wraps them), and of 20 DNG presets carrying a
+#      50 MB photo against 20 carrying none;
+#   4. CPU time per preset of the --jobs 1 run (user and system, median of 5,
 #      the process's start included) and peak memory of the 1,000-preset run.
 #
 # Put the work folder in memory (WORK_ROOT=/dev/shm), so no disk state blurs
@@ -19,6 +22,7 @@ set -euo pipefail
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 cli="${1:-$root/build/release/cli/stylewright-cli}"
+make_dng="${MAKE_DNG:-$(dirname "$cli")/../tools/make_dng_presets}"
 corpus="${2:-$root/../shared/corpus}"
 count="${COUNT:-1000}"
 jobs="${JOBS:-$(nproc)}"
@@ -84,6 +88,21 @@ fi
 if command -v exiftool > /dev/null; then
     # Read the other way round: exiftool is the slower one, the aim is its share.
     ratio "exiftool -j / --inspect of XMP presets" "$cli" -q --jobs 1 --inspect "$work/xmp" -- exiftool -j "$work/xmp"
+fi
+if [ -x "$make_dng" ]; then
+    mapfile -t xmp_presets < <(find "$corpus" -type f -iname '*.xmp' | LC_ALL=C sort)
+    mkdir -p "$work/xmp1000" "$work/small" "$work/photos"
+    for ((i = 0; i < count; i++)); do
+        source="${xmp_presets[i % ${#xmp_presets[@]}]}"
+        cp "$source" "$work/xmp1000/$(printf '%05d' "$i")-$(basename "$source")"
+    done
+    "$make_dng" "$work/dng1000" "$work/xmp1000"/*.xmp
+    "$make_dng" "$work/small" "${xmp_presets[@]:0:20}"
+    "$make_dng" --photo $((50 * 1024 * 1024)) "$work/photos" "${xmp_presets[@]:0:20}"
+    ratio "--inspect, DNG / XMP presets" "$cli" -q --inspect "$work/xmp1000" -- "$cli" -q --inspect "$work/dng1000"
+    ratio "--inspect, 50 MB / bare DNG presets" "$cli" -q --inspect "$work/small" -- "$cli" -q --inspect "$work/photos"
+else
+    echo "make_dng_presets missing (build tools/): no DNG ratios"
 fi
 cpu=()
 for ((i = 0; i < pairs; i++)); do
