@@ -256,7 +256,7 @@ void MainWindow::on_button_convert_clicked()
     if (files.isEmpty())
         return;
     // The files stay flat; an archive gives its presets with their folders.
-    const gathered_presets chosen = gather_presets(files);
+    const gathered_presets chosen = gather_picked_presets(files);
     report_archive_failures(chosen.archive_failures);
     if (chosen.presets.isEmpty()) {
         account->show_nothing_found(others_in(chosen));
@@ -375,8 +375,9 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
         window_conversion_shell shell(this, settings, account);
         result = run_conversion(files, options, shell);
     }
-    qInfo().noquote() << QStringLiteral("Conversion run: %1 converted, %2 skipped, %3 failed%4")
+    qInfo().noquote() << QStringLiteral("Conversion run: %1 converted, %2 lost, %3 skipped, %4 failed%5")
                              .arg(result.converted)
+                             .arg(result.lost)
                              .arg(result.skipped)
                              .arg(result.failed)
                              .arg(result.cancelled ? QStringLiteral(", cancelled") : QString());
@@ -387,10 +388,11 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
     }
     const bool with_category = options.format == output_format::stylepack_category;
     if (!save_stylepack(result.pack_entries, with_category)) {
-        // Cancelling the dialog drops the styles by design; a pack that could
-        // not be written failed them.
-        if (!pack_path_tried.isEmpty())
-            result.pack_not_written();
+        // Cancelling the dialog drops the styles by design; every row says
+        // its style was not saved, and why.
+        const QString reason = pack_path_tried.isEmpty() ? conversion_messages::pack_cancelled() : pack_failure;
+        for (const preset_outcome& outcome : result.pack_not_saved(reason))
+            account->update(outcome);
         account->show_run(result.counts(), QString());
         account->pack_not_written(pack_path_tried, pack_failure);
     } else {

@@ -59,10 +59,42 @@ QString outcome_cell(const preset_outcome& outcome)
             .arg(QDir::toNativeSeparators(QFileInfo(outcome.target).fileName()));
     case outcome_kind::skipped:
     case outcome_kind::failed:
+    case outcome_kind::lost:
+    case outcome_kind::not_saved:
         return conversion_messages::outcome_line(outcome);
     }
     return QString();
 }
+
+// Outcomes that left the person without a style they asked for.
+bool went_wrong(const preset_outcome& outcome)
+{
+    return outcome.kind == outcome_kind::failed || outcome.kind == outcome_kind::lost ||
+           outcome.kind == outcome_kind::not_saved;
+}
+
+const QColor failure_colour(255, 150, 130);
+// A style that was written but carries nothing: a warning, not a failure.
+const QColor empty_style_colour(230, 200, 110);
+
+// Where a row keeps its preset's place in the run, so that the list can be
+// sorted by any column and back.
+constexpr int run_order_role = Qt::UserRole;
+
+// Sorts by run order where a column's texts are equal, and by run order
+// alone for the column shown unsorted.
+class account_item : public QTreeWidgetItem {
+public:
+    using QTreeWidgetItem::QTreeWidgetItem;
+    bool operator<(const QTreeWidgetItem& other) const override
+    {
+        const int column = treeWidget() ? treeWidget()->sortColumn() : 0;
+        const int by_text = text(column).localeAwareCompare(other.text(column));
+        if (by_text != 0)
+            return by_text < 0;
+        return data(0, run_order_role).toInt() < other.data(0, run_order_role).toInt();
+    }
+};
 
 } // namespace
 
@@ -111,6 +143,10 @@ run_account::run_account(QWidget* parent) : QWidget(parent)
     list_->setFixedHeight(list_height);
     list_->setStyleSheet(list_sheet());
     list_->header()->setStretchLastSection(true);
+    // Sorted by a click on a column's header; until then in run order.
+    list_->header()->setSortIndicator(-1, Qt::AscendingOrder);
+    list_->setSortingEnabled(true);
+    list_->header()->setSortIndicatorShown(true);
     column_layout->addWidget(list_);
 
     hide();
@@ -123,27 +159,79 @@ void run_account::begin()
     folder_.clear();
     pack_label_->clear();
     pack_label_->hide();
+    // The last run's counts go at once; this run's fill in as it goes.
+    summary_label_->clear();
 }
 
 void run_account::add(const preset_outcome& outcome)
 {
     outcomes_.append(outcome);
-    const QString name = outcome.preset_name.isEmpty() ? QFileInfo(outcome.file).completeBaseName() : outcome.preset_name;
-    auto* item = new QTreeWidgetItem(list_);
-    item->setText(preset_column, name);
-    item->setToolTip(preset_column, name);
-    item->setText(file_column, QFileInfo(outcome.file).fileName());
-    item->setToolTip(file_column, QDir::toNativeSeparators(outcome.file));
-    item->setText(outcome_column, outcome_cell(outcome));
-    item->setToolTip(outcome_column, conversion_messages::outcome_line(with_native_paths(outcome)));
-    if (outcome.kind == outcome_kind::converted) {
-        const QString lost = conversion_messages::losses_text(outcome);
-        item->setText(losses_column, lost);
-        const QString settings = outcome.losses.settings.join(QStringLiteral(", "));
-        item->setToolTip(losses_column, settings.isEmpty() ? lost : settings);
+    auto* item = new account_item(list_);
+    item->setData(0, run_order_role, outcomes_.size() - 1);
+    fill(*item, outcome);
+    show_counts_so_far();
+}
+
+void run_account::update(const preset_outcome& outcome)
+{
+    for (int i = 0; i < outcomes_.size(); ++i) {
+        if (outcomes_.at(i).index != outcome.index)
+            continue;
+        outcomes_[i] = outcome;
+        for (int row = 0; row < list_->topLevelItemCount(); ++row) {
+            QTreeWidgetItem* item = list_->topLevelItem(row);
+            if (item->data(0, run_order_role).toInt() == i)
+                fill(*item, outcome);
+        }
     }
-    if (outcome.kind == outcome_kind::failed || outcome.empty_style)
-        item->setForeground(outcome_column, QColor(255, 150, 130));
+    show_counts_so_far();
+}
+
+void run_account::fill(QTreeWidgetItem& item, const preset_outcome& outcome)
+{
+    const QString name = outcome.preset_name.isEmpty() ? QFileInfo(outcome.file).completeBaseName() : outcome.preset_name;
+    item.setText(preset_column, name);
+    item.setToolTip(preset_column, name);
+    item.setText(file_column, QFileInfo(outcome.file).fileName());
+    item.setToolTip(file_column, QDir::toNativeSeparators(outcome.file));
+    item.setText(outcome_column, outcome_cell(outcome));
+    item.setToolTip(outcome_column, conversion_messages::outcome_line(with_native_paths(outcome)));
+    const bool has_style = outcome.kind == outcome_kind::converted || outcome.kind == outcome_kind::lost ||
+                           outcome.kind == outcome_kind::not_saved;
+    const QString lost = has_style ? conversion_messages::losses_text(outcome) : QString();
+    item.setText(losses_column, lost);
+    const QString details = has_style ? conversion_messages::losses_details(outcome) : QString();
+    item.setToolTip(losses_column, details.isEmpty() ? lost : details);
+    QFont font = item.font(losses_column);
+    font.setItalic(outcome.empty_style);
+    item.setFont(losses_column, font);
+    item.setForeground(losses_column, outcome.empty_style ? QBrush(empty_style_colour) : QBrush());
+    item.setForeground(outcome_column, went_wrong(outcome) ? QBrush(failure_colour) : QBrush());
+}
+
+void run_account::show_counts_so_far()
+{
+    outcome_counts counts;
+    for (const preset_outcome& outcome : outcomes_) {
+        switch (outcome.kind) {
+        case outcome_kind::converted:
+            ++counts.converted;
+            break;
+        case outcome_kind::skipped:
+            ++counts.skipped;
+            break;
+        case outcome_kind::failed:
+            ++counts.failed;
+            break;
+        case outcome_kind::lost:
+            ++counts.lost;
+            break;
+        case outcome_kind::not_saved:
+            ++counts.not_saved;
+            break;
+        }
+    }
+    summary_label_->setText(conversion_messages::summary_line(counts));
 }
 
 void run_account::show_run(const outcome_counts& counts, const QString& folder)
@@ -223,6 +311,10 @@ QString run_account::plain_text() const
         const QString name = outcome.preset_name.isEmpty() ? QString() : outcome.preset_name + QStringLiteral(" – ");
         const preset_outcome shown = with_native_paths(outcome);
         lines << name + shown.file + QStringLiteral(": ") + conversion_messages::outcome_line(shown);
+        // What the style leaves out, tool by tool with its settings.
+        const QString details = conversion_messages::losses_details(outcome);
+        if (outcome.kind == outcome_kind::converted && !details.isEmpty())
+            lines << QStringLiteral("    ") + QString(details).replace(QLatin1Char('\n'), QStringLiteral("\n    "));
     }
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "conversion/other_files.h"
-
 #include "conversion/preset_outcome.h"
 
 #include <QString>
@@ -12,6 +11,7 @@
 class QLabel;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 
 // The account of the last run, shown quietly in the main window below the
 // output folder once a run is over: one line with the counts (and the style
@@ -27,7 +27,10 @@ public:
 
     // Empties the account for a new run; it stays hidden until show_run().
     void begin();
+    // A preset's row, added when its turn is over; the counts line follows.
     void add(const preset_outcome& outcome);
+    // A row whose outcome changed later (lost to a later style, not saved).
+    void update(const preset_outcome& outcome);
     // Shows the account of a run whose styles went into folder.
     void show_run(const outcome_counts& counts, const QString& folder);
     // The style pack's fate, after show_run().
@@ -56,6 +59,8 @@ protected:
 
 private:
     void set_folded(bool folded);
+    void fill(QTreeWidgetItem& item, const preset_outcome& outcome);
+    void show_counts_so_far();
     // Each column as wide as its texts, none but the last wider than its
     // share of the list, whose width is known only once it is laid out.
     void fit_columns();

@@ -104,6 +104,12 @@ void window_conversion_shell::report_outcome(const preset_outcome& outcome)
         account_->add(outcome);
 }
 
+void window_conversion_shell::report_lost(const preset_outcome& earlier)
+{
+    if (account_)
+        account_->update(earlier);
+}
+
 QString window_conversion_shell::output_folder()
 {
     return settings_.value(settings_keys::output_dir.key, settings_keys::output_dir.default_value).toString();

@@ -30,6 +30,7 @@ public:
     question_answer ask(const conversion_question& question) override;
     void report_failure(const conversion_failure& failure) override;
     void report_outcome(const preset_outcome& outcome) override;
+    void report_lost(const preset_outcome& earlier) override;
     QString output_folder() override;
     bool cancelled() override;
     void progress(int index, int count, const QString& file) override;

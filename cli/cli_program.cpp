@@ -31,12 +31,15 @@ const QString program_name = QStringLiteral("stylewright-cli");
 
 // A document that did not reach standard output is a failure like any other,
 // not a silent success.
-bool write_document(const QByteArray& bytes)
+bool write_document(const QByteArray& bytes, QString* reason = nullptr)
 {
     errno = 0;
     if (cli_output::write_stdout(bytes))
         return true;
-    cli_output::error_line(QStringLiteral("Can't write to standard output: %1.").arg(qt_error_string(errno)));
+    const QString why = qt_error_string(errno);
+    cli_output::error_line(QStringLiteral("Can't write to standard output: %1.").arg(why));
+    if (reason != nullptr)
+        *reason = why;
     return false;
 }
 
@@ -159,21 +162,26 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
     cli_output::end_progress();
     result.failed += unreadable;
 
+    // Every style that went into a pack that was not saved says so.
+    const auto not_saved = [&result](const QString& reason) {
+        for (const preset_outcome& outcome : result.pack_not_saved(reason))
+            cli_output::result_line(outcome.file + QStringLiteral(": ") + conversion_messages::outcome_line(outcome));
+    };
     if (options.to_stdout) {
-        if (!result.pack_entries.isEmpty() && !write_document(result.pack_entries.first().toUtf8()))
-            result.pack_not_written();
+        if (QString reason; !result.pack_entries.isEmpty() && !write_document(result.pack_entries.first().toUtf8(), &reason))
+            not_saved(reason);
     } else if (!separate) {
         if (result.pack_entries.isEmpty()) {
             cli_output::log_line(QtWarningMsg,
                                  QStringLiteral("No style was converted; %1 was not written.").arg(options.pack_path));
         } else if (QString reason; !write_stylepack(options.pack_path, result.pack_entries, options.category, &reason)) {
             cli_output::error_line(QStringLiteral("%1: The style pack could not be written: %2.").arg(options.pack_path, reason));
-            result.pack_not_written();
+            not_saved(reason);
         }
     }
 
     cli_output::result_line(conversion_messages::summary_line(result.counts()));
-    return result.failed > 0 ? exit_failure : exit_success;
+    return result.failed > 0 || result.not_saved > 0 ? exit_failure : exit_success;
 }
 
 } // namespace

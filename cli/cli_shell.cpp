@@ -36,6 +36,11 @@ void cli_shell::report_outcome(const preset_outcome& outcome)
         cli_output::log_line(QtInfoMsg, outcome.file + QStringLiteral(": ") + conversion_messages::outcome_line(outcome));
 }
 
+void cli_shell::report_lost(const preset_outcome& earlier)
+{
+    cli_output::result_line(earlier.file + QStringLiteral(": ") + conversion_messages::outcome_line(earlier));
+}
+
 QString cli_shell::output_folder()
 {
     return options_.output_folder;

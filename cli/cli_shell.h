@@ -14,6 +14,8 @@ public:
     void report_failure(const conversion_failure& failure) override;
     // With -v, one line per preset: what became of it.
     void report_outcome(const preset_outcome& outcome) override;
+    // The line of a preset whose style a later one replaced.
+    void report_lost(const preset_outcome& earlier) override;
     QString output_folder() override;
     void progress(int index, int count, const QString& file) override;
 

@@ -9,6 +9,7 @@
 #include "importer/lightroom_importer.h"
 #include "writer/carried_settings.h"
 #include "writer/check_costyle.h"
+#include "writer/loss_groups.h"
 
 #include "cli/json_text.h"
 
@@ -29,6 +30,16 @@ void write_curve(json_text& json, const QString& name, const QVector<QPoint>& cu
 void write_losses(json_text& json, const style_losses& losses)
 {
     json.key(QStringLiteral("not_carried_over")).begin_object();
+    // The same by the tools a photographer knows, each with its keys.
+    json.key(QStringLiteral("groups")).begin_array();
+    for (const lost_group& lost : lost_groups(losses)) {
+        json.begin_object().key(QStringLiteral("id")).value(loss_group_id(lost.group));
+        json.key(QStringLiteral("keys")).begin_array();
+        for (const QString& key : lost.keys)
+            json.value(key);
+        json.end_array().end_object();
+    }
+    json.end_array();
     if (!losses.local_adjustments.isEmpty()) {
         json.key(QStringLiteral("local_adjustments")).begin_object();
         for (auto it = losses.local_adjustments.cbegin(); it != losses.local_adjustments.cend(); ++it)

@@ -2,6 +2,7 @@
 #include "conversion/conversion_run.h"
 
 #include "conversion/style_names.h"
+#include "conversion/preset_archive.h"
 #include "conversion/preset_reading.h"
 #include "conversion/preset_step.h"
 #include "conversion/same_styles.h"
@@ -11,6 +12,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QSaveFile>
 
 #include <cerrno>
@@ -44,6 +46,8 @@ bool goes_on(question_answer answer, answer_memory& memory)
     return true;
 }
 
+int& count_of(conversion_result& result, outcome_kind kind);
+
 class conversion_run {
 public:
     conversion_run(const conversion_options& options, conversion_shell& shell)
@@ -54,33 +58,24 @@ public:
 
     conversion_result run(const QVector<preset_source>& presets)
     {
-        conversion_result result;
         const int count = presets.size();
         const std::unique_ptr<preset_steps> steps =
             make_preset_steps(presets, options_.colour_space, options_.jobs, options_.learn_losses);
         for (int i = 0; i < count; ++i) {
             if (shell_.cancelled()) {
-                result.cancelled = true;
+                result_.cancelled = true;
                 break;
             }
             shell_.progress(i, count, presets.at(i).path);
             preset_outcome outcome;
+            outcome.index = result_.outcomes.size();
             outcome.file = presets.at(i).path;
-            convert(*steps, i, presets.at(i), result.pack_entries, outcome);
-            switch (outcome.kind) {
-            case outcome_kind::converted:
-                ++result.converted;
-                break;
-            case outcome_kind::skipped:
-                ++result.skipped;
-                break;
-            case outcome_kind::failed:
-                ++result.failed;
-                break;
-            }
+            convert(*steps, i, presets.at(i), result_.pack_entries, outcome);
+            result_.outcomes.append(outcome);
+            ++count_of(result_, outcome.kind);
             shell_.report_outcome(outcome);
         }
-        return result;
+        return std::move(result_);
     }
 
 private:
@@ -163,16 +158,19 @@ private:
             return fail(conversion_messages::conversion_failed(path), outcome);
         const QString& document = step.document;
         const QString preset_folder = QFileInfo(path).absolutePath();
+        // Styles of presets from different folders are kept apart by name,
+        // except for files picked one by one, where the later replaces the
+        // earlier.
+        const QString owner = preset.named_by_folder ? preset_folder : QString();
         // The same look from another folder, archive or group is written once;
         // a preset whose style takes the very same name replaces it instead,
         // and presets of one folder each keep their own file.
         const same_styles::first_style* first = same_styles_.first_like(document);
         if (first != nullptr && first->folder != preset_folder) {
-            const QString name = separate_
-                                     ? folder + QLatin1Char('/') +
-                                           entry_names_.separate_name_would_be(preset.subfolder, style_name,
-                                                                               preset_folder)
-                                     : entry_names_.entry_would_be(style_name, preset.subfolder);
+            const QString name =
+                separate_ ? folder + QLatin1Char('/') +
+                                entry_names_.separate_name_would_be(preset.subfolder, style_name, owner)
+                          : entry_names_.entry_would_be(style_name, owner, label_of(preset));
             if (name != first->name) {
                 outcome.kind = outcome_kind::skipped;
                 outcome.skipped_as = skip_reason::same_style;
@@ -186,7 +184,7 @@ private:
 
         if (!separate_) {
             bool renamed = false;
-            const QString entry = entry_names_.entry_for(style_name, preset.subfolder, renamed);
+            const QString entry = entry_names_.entry_for(style_name, owner, label_of(preset), renamed);
             if (renamed)
                 qWarning().noquote() << QStringLiteral("%1: another folder holds a preset of the same name; its style "
                                                        "goes into the pack as %2.")
@@ -195,11 +193,11 @@ private:
             same_styles_.remember(document, path, entry, preset_folder);
             outcome.target = entry;
             outcome.in_pack = true;
+            took(entry, outcome);
             return;
         }
         bool renamed = false;
-        const QString separate_name =
-            entry_names_.separate_name_for(preset.subfolder, style_name, preset_folder, renamed);
+        const QString separate_name = entry_names_.separate_name_for(preset.subfolder, style_name, owner, renamed);
         const QString target = folder + QLatin1Char('/') + separate_name;
         if (renamed)
             qWarning().noquote() << QStringLiteral("%1: this run already wrote a style of the same name from "
@@ -211,10 +209,43 @@ private:
         if (!preset.subfolder.isEmpty() && !QDir().mkpath(folder))
             return fail(conversion_messages::write_failed(path, target, QStringLiteral("Can't create the folder.")),
                         outcome);
+        const QString target_key = QDir::cleanPath(QFileInfo(target).absoluteFilePath());
+        const bool there_before = !taken_by_.contains(target_key) && QFileInfo::exists(target);
         if (!write_style(target, document, reason))
             return fail(conversion_messages::write_failed(path, target, reason), outcome);
         same_styles_.remember(document, path, target, preset_folder);
         outcome.target = target;
+        outcome.written_over = there_before;
+        took(target_key, outcome);
+    }
+
+    // The preset of outcome took the style file or pack entry key; an earlier
+    // preset of this run whose style had it is lost.
+    void took(const QString& key, const preset_outcome& outcome)
+    {
+        const auto earlier = taken_by_.constFind(key);
+        if (earlier != taken_by_.cend()) {
+            preset_outcome& lost = result_.outcomes[earlier.value()];
+            if (lost.kind == outcome_kind::converted) {
+                lost.kind = outcome_kind::lost;
+                lost.replaced_by = outcome.file;
+                --result_.converted;
+                ++result_.lost;
+                shell_.report_lost(lost);
+            }
+        }
+        taken_by_.insert(key, outcome.index);
+    }
+
+    // Where a preset whose style name another folder took gets its label
+    // from: its folder below the one given, else the name of the folder or
+    // archive it was found in.
+    static QString label_of(const preset_source& preset)
+    {
+        if (!preset.subfolder.isEmpty())
+            return preset.subfolder;
+        const QFileInfo folder(QFileInfo(preset.path).absolutePath());
+        return is_preset_archive(folder.fileName()) ? folder.completeBaseName() : folder.fileName();
     }
 
     template <typename make_question>
@@ -284,9 +315,45 @@ private:
     answer_memory camera_calibration_;
     style_names entry_names_;
     same_styles same_styles_;
+    conversion_result result_;
+    // Style file (absolute path) or pack entry -> index of the outcome whose
+    // style it holds.
+    QHash<QString, int> taken_by_;
 };
 
+int& count_of(conversion_result& result, outcome_kind kind)
+{
+    switch (kind) {
+    case outcome_kind::converted:
+        break;
+    case outcome_kind::skipped:
+        return result.skipped;
+    case outcome_kind::failed:
+        return result.failed;
+    case outcome_kind::lost:
+        return result.lost;
+    case outcome_kind::not_saved:
+        return result.not_saved;
+    }
+    return result.converted;
+}
+
 } // namespace
+
+QVector<preset_outcome> conversion_result::pack_not_saved(const QString& reason)
+{
+    QVector<preset_outcome> changed;
+    for (preset_outcome& outcome : outcomes) {
+        if (outcome.kind != outcome_kind::converted || !outcome.in_pack)
+            continue;
+        outcome.kind = outcome_kind::not_saved;
+        outcome.reason = reason;
+        --converted;
+        ++not_saved;
+        changed.append(outcome);
+    }
+    return changed;
+}
 
 conversion_result run_conversion(const QVector<preset_source>& presets, const conversion_options& options,
                                  conversion_shell& shell)

@@ -27,6 +27,10 @@ public:
     virtual void report_failure(const conversion_failure& failure) = 0;
     // Called once per preset when its turn is over, whatever became of it.
     virtual void report_outcome(const preset_outcome& outcome) { Q_UNUSED(outcome) }
+    // An outcome reported earlier has changed: its style was replaced by a
+    // later preset's of the same name (outcome_kind::lost). Told when the
+    // later one is written.
+    virtual void report_lost(const preset_outcome& earlier) { Q_UNUSED(earlier) }
     // Target folder of separate styles, asked once per preset so that a change
     // made during the run applies to the next preset.
     virtual QString output_folder() = 0;
@@ -59,22 +63,22 @@ struct conversion_options {
 };
 
 struct conversion_result {
-    int converted = 0; // written, or collected for the pack
-    int skipped = 0;   // skipped by an answer or a remembered "Skip All"
+    int converted = 0; // written, or collected for the pack, and still there
+    int skipped = 0;   // skipped by an answer, as a profile, or as the same style
     int failed = 0;
+    int lost = 0;      // replaced by a later style of the same name
+    int not_saved = 0; // collected for a pack that was not saved
     bool cancelled = false;
     // Pack formats only: entry file name -> style document, in name order; a
     // later preset with the same name from the same folder replaces the earlier one.
     QMap<QString, QString> pack_entries;
+    // Every preset's outcome, in run order, as it stands now.
+    QVector<preset_outcome> outcomes;
 
-    outcome_counts counts() const { return {converted, skipped, failed}; }
-    // The pack could not be written: styles that never reached the disk are
-    // not converted.
-    void pack_not_written()
-    {
-        failed += converted;
-        converted = 0;
-    }
+    outcome_counts counts() const { return {converted, skipped, failed, lost, not_saved}; }
+    // The pack was not saved (reason: libzip's, or pack_cancelled()): every
+    // style that went into it is not saved. Returns those outcomes, changed.
+    QVector<preset_outcome> pack_not_saved(const QString& reason);
 };
 
 // Converts the presets in list order. Each preset is read, checked, asked about

@@ -71,6 +71,9 @@ public:
         return !over_total_;
     }
 
+    qint64 unpacked() const { return unpacked_; }
+    qint64 kept() const { return total_; }
+
 private:
     void read_one(zip_uint64_t index, archive_contents& contents)
     {
@@ -86,11 +89,8 @@ private:
         }
         if (is_hidden(name))
             return;
-        if (QFileInfo(name).suffix().compare(archive_suffix, Qt::CaseInsensitive) == 0) {
-            refuse(contents, name, archive_problem::nested_archive);
-            return;
-        }
-        if (preset_format_of(name) == preset_format::unsupported) {
+        const bool nested = QFileInfo(name).suffix().compare(archive_suffix, Qt::CaseInsensitive) == 0;
+        if (!nested && preset_format_of(name) == preset_format::unsupported) {
             if (!other_kind_of(name).isEmpty())
                 ++contents.others[other_kind_of(name)];
             return;
@@ -103,18 +103,32 @@ private:
             return;
         }
         const bool dng = preset_format_of(name) == preset_format::dng;
-        const qint64 max_size = dng ? limits_.max_dng_entry_size : limits_.max_entry_size;
+        // An archive inside may be as large as all presets together.
+        const qint64 max_size = nested ? limits_.max_total_size
+                                : dng  ? limits_.max_dng_entry_size
+                                       : limits_.max_entry_size;
         // The stored size is only a claim; the reading below is bounded too.
         if ((stat.valid & ZIP_STAT_SIZE) != 0 && stat.size > zip_uint64_t(max_size)) {
             refuse(contents, name, archive_problem::too_large);
             return;
         }
         QByteArray data;
-        if (!read_data(index, name, max_size, !dng, data, contents))
+        if (!read_data(index, name, max_size, !dng && !nested, data, contents))
             return;
         archive_preset preset{name, data, QString()};
         if (dng)
             keep_packet_only(preset);
+        if (nested) {
+            // Held whole until it is read; it counts like a preset.
+            if (total_ + preset.data.size() > limits_.max_total_size) {
+                over_total_ = true;
+                refuse(contents, name, archive_problem::total_too_large);
+                return;
+            }
+            total_ += preset.data.size();
+            contents.archives.append(std::move(preset));
+            return;
+        }
         if (total_ + preset.data.size() > limits_.max_total_size) {
             over_total_ = true;
             refuse(contents, name, archive_problem::total_too_large);
@@ -191,6 +205,15 @@ private:
 
 } // namespace
 
+archive_limits limits_left(const archive_limits& limits, const archive_contents& contents)
+{
+    archive_limits left = limits;
+    left.max_entries = std::max<qint64>(0, limits.max_entries - contents.entries);
+    left.max_total_size = std::max<qint64>(0, limits.max_total_size - contents.kept);
+    left.max_unpacked_size = std::max<qint64>(0, limits.max_unpacked_size - contents.unpacked);
+    return left;
+}
+
 bool is_preset_archive(const QString& path)
 {
     return QFileInfo(path).suffix().compare(archive_suffix, Qt::CaseInsensitive) == 0;
@@ -215,10 +238,13 @@ archive_contents read_open_archive(zip_t* archive, const archive_limits& limits)
         return contents;
     }
     archive_reader reader(archive, limits);
+    contents.entries = count;
     for (zip_int64_t i = 0; i < count; ++i) {
         if (!reader.read_entry(zip_uint64_t(i), contents))
             break;
     }
+    contents.unpacked = reader.unpacked();
+    contents.kept = reader.kept();
     const auto by_entry = [](const auto& a, const auto& b) { return a.entry < b.entry; };
     std::sort(contents.presets.begin(), contents.presets.end(), by_entry);
     std::sort(contents.refusals.begin(), contents.refusals.end(), by_entry);
@@ -273,7 +299,8 @@ QString archive_problem_text(archive_problem problem, const QString& detail, con
         return QCoreApplication::translate("MainWindow",
                                            "The entry's name leads outside the archive; it was not read.");
     case archive_problem::nested_archive:
-        return QCoreApplication::translate("MainWindow", "Archives inside archives are not opened.");
+        return QCoreApplication::translate("MainWindow", "Archives nested more than %1 deep are not opened.")
+            .arg(max_archive_depth);
     case archive_problem::too_large:
         return QCoreApplication::translate("MainWindow", "The preset is larger than %1 MB; it was not read.")
             .arg(megabytes(limits.max_entry_size));

@@ -12,6 +12,10 @@
 // come from strangers, so everything about them is bounded and every name is
 // checked before it can become part of an output path.
 
+// Archives inside archives are read up to this depth, the outermost counted:
+// a pack zipped again for sending, inside a folder zipped for backup.
+constexpr int max_archive_depth = 3;
+
 // Bounds against hostile archives. The defaults are far above any real preset
 // collection (the largest seen hold a few thousand templates of a few KB each).
 struct archive_limits {
@@ -49,7 +53,7 @@ enum class archive_problem {
     unreadable,     // not an archive, damaged or missing; detail: libzip's text
     too_many_entries,
     unsafe_name,    // absolute, with "..", a drive letter or a backslash
-    nested_archive, // a .zip inside the archive
+    nested_archive, // a .zip inside archives nested too deep
     too_large,      // over the size limit of one preset
     total_too_large,
     damaged_entry   // its data could not be read; detail: libzip's text
@@ -67,10 +71,20 @@ struct archive_contents {
     archive_problem problem = archive_problem::none;
     QString detail;
     QVector<archive_preset> presets;
+    // The .zip archives inside it, their bytes held to be read in turn.
+    QVector<archive_preset> archives;
     QVector<archive_refusal> refusals;
     // Entries of known kinds that are no presets, by suffix.
     other_files others;
+    // What reading it used of the limits: entries, bytes unpacked, bytes kept.
+    qint64 entries = 0;
+    qint64 unpacked = 0;
+    qint64 kept = 0;
 };
+
+// The limits left for an archive inside the one read into contents: the
+// limits of a whole nest hold for all its archives together.
+archive_limits limits_left(const archive_limits& limits, const archive_contents& contents);
 
 // True for a path whose last suffix is ".zip" in any letter case.
 bool is_preset_archive(const QString& path);
@@ -78,9 +92,10 @@ bool is_preset_archive(const QString& path);
 // Reads every preset entry (.lrtemplate, .xmp, .dng in any letter case) of the
 // archive at path. Hidden entries (a part starting with '.', such as macOS's
 // "._" companions) and folders are passed over like in a folder search; other
-// files are ignored. Archives inside the archive are not opened, entries with
-// unsafe names (absolute, "..", drive letters, backslashes) and entries over
-// the size limits are refused one by one. Never throws.
+// files are ignored. Archives inside the archive are handed back as they are
+// (archives), within the size limits, to be read in turn; entries with unsafe
+// names (absolute, "..", drive letters, backslashes) and entries over the
+// size limits are refused one by one. Never throws.
 archive_contents read_preset_archive(const QString& path, const archive_limits& limits = {});
 
 // The same over an archive already in memory.

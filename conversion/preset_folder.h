@@ -9,5 +9,6 @@
 // The .xmp, .dng and .lrtemplate files (any letter case) of a folder and all
 // its subfolders, sorted by path so that repeated runs see the same order.
 // Hidden files and folders are left out. others, when given, counts the files
-// of known kinds that are no presets.
-QStringList presets_in_folder(const QString& folder, other_files* others = nullptr);
+// of known kinds that are no presets; archives, when given, receives the .zip
+// files, sorted likewise.
+QStringList presets_in_folder(const QString& folder, other_files* others = nullptr, QStringList* archives = nullptr);

@@ -23,6 +23,10 @@ struct preset_source {
     bool in_archive = false;
     // An archive's DNG preset whose packet could not be taken: why.
     QString error;
+    // Whether its style is kept apart by name from styles of presets from
+    // other folders (false for files picked one by one, where the later of
+    // two of the same name replaces the earlier).
+    bool named_by_folder = true;
 };
 
 // An archive, or one of its entries, that gave no preset.
@@ -51,5 +55,9 @@ struct gathered_presets {
 // presets like a folder. A name that exists nowhere is taken as a file too.
 gathered_presets gather_presets(const QStringList& items);
 
-// Only files, each written flat: what the open dialog returns.
+// Only files, each written flat: what the open dialog returns. A later file
+// whose style takes an earlier one's name replaces it.
 QVector<preset_source> presets_of_files(const QStringList& files);
+// What the open dialog returns: files as presets_of_files takes them,
+// archives like gather_presets.
+gathered_presets gather_picked_presets(const QStringList& items);

@@ -57,10 +57,14 @@ QString style_names::entry_for(const QString& style_name, const QString& subfold
 
 namespace {
 
-// A drive letter's colon has no place in a file name.
+// A drive letter's colon has no place in a file name; an archive read like
+// a folder is named without its suffix.
 QString label_path_of(const QString& preset_folder)
 {
-    return QString(preset_folder).remove(QLatin1Char(':'));
+    QString label = QString(preset_folder).remove(QLatin1Char(':'));
+    if (label.endsWith(QLatin1String(".zip"), Qt::CaseInsensitive))
+        label.chop(4);
+    return label;
 }
 
 } // namespace
@@ -71,10 +75,16 @@ QString style_names::separate_name_for(const QString& scope, const QString& styl
     return name_for(scope, style_name, preset_folder, label_path_of(preset_folder), renamed);
 }
 
-QString style_names::entry_would_be(const QString& style_name, const QString& subfolder) const
+QString style_names::entry_for(const QString& style_name, const QString& owner, const QString& label_path,
+                              bool& renamed)
+{
+    return name_for(QString(), style_name, owner, label_path, renamed);
+}
+
+QString style_names::entry_would_be(const QString& style_name, const QString& owner, const QString& label_path) const
 {
     bool renamed = false;
-    return choose(QString(), style_name, subfolder, subfolder, renamed);
+    return choose(QString(), style_name, owner, label_path, renamed);
 }
 
 QString style_names::separate_name_would_be(const QString& scope, const QString& style_name,

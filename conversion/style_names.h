@@ -13,6 +13,10 @@ public:
     // The pack entry for style_name ("Portra.costyle") of a preset from
     // subfolder. renamed tells whether the name had to change.
     QString entry_for(const QString& style_name, const QString& subfolder, bool& renamed);
+    // The same for a preset whose style is kept apart from other owners' (its
+    // folder; empty for files picked one by one), labelled by label_path
+    // ('/'-separated) when it must be renamed.
+    QString entry_for(const QString& style_name, const QString& owner, const QString& label_path, bool& renamed);
 
     // The name of a separate style_name written into scope (a folder below the
     // output folder, '/'-separated, empty for the output folder itself) for a
@@ -22,7 +26,7 @@ public:
                               bool& renamed);
 
     // The names the two calls above would give now, without taking them.
-    QString entry_would_be(const QString& style_name, const QString& subfolder) const;
+    QString entry_would_be(const QString& style_name, const QString& owner, const QString& label_path) const;
     QString separate_name_would_be(const QString& scope, const QString& style_name,
                                    const QString& preset_folder) const;
 

@@ -162,10 +162,6 @@
         <translation>Der Name des Eintrags führt aus dem Archiv heraus; er wurde nicht gelesen.</translation>
     </message>
     <message>
-        <source>Archives inside archives are not opened.</source>
-        <translation>Archive in Archiven werden nicht geöffnet.</translation>
-    </message>
-    <message>
         <source>The preset is larger than %1 MB; it was not read.</source>
         <translation>Das Preset ist größer als %1 MB; es wurde nicht gelesen.</translation>
     </message>
@@ -208,10 +204,6 @@
     <message>
         <source>local adjustments (%1)</source>
         <translation>lokale Korrekturen (%1)</translation>
-    </message>
-    <message>
-        <source>the Look “%1”</source>
-        <translation>das Profil „%1“</translation>
     </message>
     <message>
         <source>white balance “%1”</source>
@@ -352,6 +344,138 @@
     <message>
         <source>No preset found in this folder, only files Stylewright does not convert: %1.</source>
         <translation>In diesem Ordner wurde kein Preset gefunden, nur Dateien, die Stylewright nicht konvertiert: %1.</translation>
+    </message>
+    <message>
+        <source>Archives nested more than %1 deep are not opened.</source>
+        <translation>Archive, die tiefer als %1 Ebenen verschachtelt sind, werden nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>%1 converted</source>
+        <translation>%1 konvertiert</translation>
+    </message>
+    <message>
+        <source>%1 lost to a later style of the same name</source>
+        <translation>%1 an einen späteren Stil gleichen Namens verloren</translation>
+    </message>
+    <message>
+        <source>%1 not saved</source>
+        <translation>%1 nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>%1 skipped</source>
+        <translation>%1 übersprungen</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>the style pack was cancelled</source>
+        <translation>das Stilpaket wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>%1 brush</source>
+        <translation>%1 Pinsel</translation>
+    </message>
+    <message>
+        <source>%1 brushes</source>
+        <translation>%1 Pinsel</translation>
+    </message>
+    <message>
+        <source>%1 linear gradient</source>
+        <translation>%1 linearer Verlauf</translation>
+    </message>
+    <message>
+        <source>%1 linear gradients</source>
+        <translation>%1 lineare Verläufe</translation>
+    </message>
+    <message>
+        <source>%1 mask</source>
+        <translation>%1 Maske</translation>
+    </message>
+    <message>
+        <source>%1 masks</source>
+        <translation>%1 Masken</translation>
+    </message>
+    <message>
+        <source>%1 radial gradient</source>
+        <translation>%1 Radialverlauf</translation>
+    </message>
+    <message>
+        <source>%1 radial gradients</source>
+        <translation>%1 Radialverläufe</translation>
+    </message>
+    <message>
+        <source>white balance</source>
+        <translation>Weißabgleich</translation>
+    </message>
+    <message>
+        <source>camera calibration</source>
+        <translation>Kamerakalibrierung</translation>
+    </message>
+    <message>
+        <source>lens corrections</source>
+        <translation>Objektivkorrekturen</translation>
+    </message>
+    <message>
+        <source>transform</source>
+        <translation>Transformieren</translation>
+    </message>
+    <message>
+        <source>crop</source>
+        <translation>Freistellen</translation>
+    </message>
+    <message>
+        <source>texture</source>
+        <translation>Struktur</translation>
+    </message>
+    <message>
+        <source>dehaze</source>
+        <translation>Dunst entfernen</translation>
+    </message>
+    <message>
+        <source>profile and Look</source>
+        <translation>Profil und Look</translation>
+    </message>
+    <message>
+        <source>local adjustments</source>
+        <translation>lokale Korrekturen</translation>
+    </message>
+    <message>
+        <source>tone curve details</source>
+        <translation>Details der Gradationskurve</translation>
+    </message>
+    <message>
+        <source>HSL and colour grading details</source>
+        <translation>Details von HSL und Color Grading</translation>
+    </message>
+    <message>
+        <source>detail</source>
+        <translation>Details</translation>
+    </message>
+    <message>
+        <source>effects</source>
+        <translation>Effekte</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>Sonstiges</translation>
+    </message>
+    <message>
+        <source>profile and the Look “%1”</source>
+        <translation>Profil und der Look „%1“</translation>
+    </message>
+    <message>
+        <source>lost: replaced by the style of %1 (same file name)</source>
+        <translation>verloren: ersetzt durch den Stil von %1 (gleicher Dateiname)</translation>
+    </message>
+    <message>
+        <source>not saved: %1</source>
+        <translation>nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>converted into %1, written over an earlier file</source>
+        <translation>konvertiert in %1, über eine frühere Datei geschrieben</translation>
     </message>
 </context>
 <context>

@@ -21,6 +21,8 @@
 #include "vel_toolkit/qt_message_handler.h"
 
 #include <QClipboard>
+#include <QHeaderView>
+#include <QTreeWidget>
 #include <QAbstractItemView>
 #include <QLibraryInfo>
 #include <QToolTip>
@@ -451,10 +453,14 @@ void test_window::a_run_writes_what_the_answers_allow_data()
     QTest::newRow("separate styles named after their files; the later \"a\" wins")
         << "separate" << QString() << QStringList{"My.Look.xmp", "a.xmp", "a.lrtemplate"} << answers{} << QString()
         << none << QStringList{"My.Look.costyle", "a.costyle:A from template"}
-        << QStringList{"3 converted, 0 skipped, 0 failed",
+        << QStringList{"2 converted, 1 lost to a later style of the same name, 0 skipped, 0 failed",
                        "My Look – IN/My.Look.xmp: converted into OUT/My.Look.costyle",
-                       "A from XMP – IN/a.xmp: converted into OUT/a.costyle",
+                       "A from XMP – IN/a.xmp: lost: replaced by the style of IN/a.lrtemplate (same file name)",
                        "A from template – IN/a.lrtemplate: converted into OUT/a.costyle"};
+    QTest::newRow("a style from before the run is written over, and says so")
+        << "separate" << QString() << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"}
+        << QStringList{"1 converted, 0 skipped, 0 failed",
+                       "A from XMP – IN/a.xmp: converted into OUT/a.costyle, written over an earlier file"};
     QTest::newRow("open dialog cancelled") << "separate" << QString() << none << answers{} << QString() << none << none << QStringList{};
     QTest::newRow("Skip All silences that question, whatever else a preset raises")
         << "separate" << QString() << QStringList{"wb.xmp", "wb_cal_1.xmp", "plain.xmp"} << answers{QMessageBox::NoToAll}
@@ -468,8 +474,10 @@ void test_window::a_run_writes_what_the_answers_allow_data()
         << answers{QMessageBox::YesToAll, QMessageBox::Yes, QMessageBox::Yes} << QString()
         << QStringList{white_balance, calibration, calibration} << QStringList{"wb_cal_1.costyle", "wb_cal_2.costyle"}
         << QStringList{"2 converted, 0 skipped, 0 failed",
-                       "Warm Cal – IN/wb_cal_1.xmp: converted into OUT/wb_cal_1.costyle; leaves out 1 other setting",
-                       "Cal Too – IN/wb_cal_2.xmp: converted into OUT/wb_cal_2.costyle; leaves out 1 other setting"};
+                       "Warm Cal – IN/wb_cal_1.xmp: converted into OUT/wb_cal_1.costyle; leaves out camera calibration",
+                       "    Camera calibration: RedHue",
+                       "Cal Too – IN/wb_cal_2.xmp: converted into OUT/wb_cal_2.costyle; leaves out camera calibration",
+                       "    Camera calibration: BlueSaturation"};
     QTest::newRow("a closed box converts") << "separate" << QString() << QStringList{"wb.xmp"} << answers{QMessageBox::Cancel}
                                            << QString() << QStringList{white_balance} << QStringList{"wb.costyle"}
         << QStringList{"1 converted, 0 skipped, 0 failed",
@@ -481,7 +489,8 @@ void test_window::a_run_writes_what_the_answers_allow_data()
                        "One:<br/>- Dehaze<br/><br/>These parameters will be ignored."}
         << QStringList{"dehaze.costyle"}
         << QStringList{"1 converted, 0 skipped, 0 failed",
-                       "Hazy <&> – IN/dehaze.xmp: converted into OUT/dehaze.costyle; leaves out 1 other setting"};
+                       "Hazy <&> – IN/dehaze.xmp: converted into OUT/dehaze.costyle; leaves out dehaze",
+                       "    Dehaze: Dehaze"};
     QTest::newRow("unknown suffix and unreadable preset, the run goes on")
         << "separate" << QString() << QStringList{"notes.txt", "broken.lrtemplate", "plain.xmp"} << answers{} << QString()
         << QStringList{"critical: Unsupported preset format: Your preset <font color=\"white\"><b>notes.txt</b></font> "
@@ -524,15 +533,15 @@ void test_window::a_run_writes_what_the_answers_allow_data()
     const QString unwritable = QStringLiteral("/proc/Looks.costylepack");
     QTest::newRow("a pack that cannot be saved says where and why")
         << "stylepack" << QString() << QStringList{"a.xmp"} << answers{} << unwritable << none << none
-        << QStringList{"0 converted, 0 skipped, 1 failed",
+        << QStringList{"0 converted, 1 not saved, 0 skipped, 0 failed",
                        "The style pack /proc/Looks.costylepack could not be written: "
                        "Failure to create temporary file: No such file or directory",
-                       "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
+                       "A from XMP – IN/a.xmp: not saved: Failure to create temporary file: No such file or directory"};
     QTest::newRow("pack dialog cancelled") << "stylepack" << QString() << QStringList{"a.xmp"} << answers{} << QString()
                                            << none << none
-        << QStringList{"1 converted, 0 skipped, 0 failed",
+        << QStringList{"0 converted, 1 not saved, 0 skipped, 0 failed",
                        "The style pack was not saved.",
-                       "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
+                       "A from XMP – IN/a.xmp: not saved: the style pack was cancelled"};
 }
 
 void test_window::a_run_writes_what_the_answers_allow()
@@ -635,11 +644,72 @@ void test_window::dropped_files_and_folders_start_a_run()
     QVERIFY(QFileInfo::exists(output + QStringLiteral("/Vintage.costyle")));
     QVERIFY(QFileInfo::exists(output + QStringLiteral("/Vintage (Film 2).costyle")));
 
-    // A folder without presets: said so, nothing else.
+    // A folder holding a zip with a zip inside: read like folders named
+    // after the archives.
+    const QString packs = root->path() + QStringLiteral("/Packs");
+    QDir().mkpath(packs);
+    const QString inner = fixtures::write_file(root->path(), QStringLiteral("inner/Deep.xmp"), xmp(QStringLiteral("Deep")));
+    fixtures::make_zip(packs + QStringLiteral("/Pack.zip"),
+                       {{QStringLiteral("Top.xmp"), xmp(QStringLiteral("Top"))},
+                        {QStringLiteral("More/Inner.zip"),
+                         fixtures::zip_bytes({{QStringLiteral("Looks/Deep.xmp"), fixtures::read_file(inner)}})}});
+    this->drop({packs});
+    QTRY_VERIFY(QFileInfo::exists(output + QStringLiteral("/Pack/More/Inner/Looks/Deep.costyle")));
+    QVERIFY(QFileInfo::exists(output + QStringLiteral("/Pack/Top.costyle")));
+    QTRY_COMPARE(account->outcomes().size(), 2);
+
+    // A new run clears the last one's counts at once and fills them in as
+    // it goes: nothing at the first question, one preset at the next.
+    QStringList counts_at_questions;
+    {
+        gui_test::modal_answer answers(
+            [&](QWidget* modal) {
+                if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+                    counts_at_questions << account->summary();
+                    box->button(QMessageBox::Yes)->click();
+                }
+            },
+            1000);
+        this->drop({input + QStringLiteral("/wb.xmp"), input + QStringLiteral("/wb_cal_1.xmp")});
+        QTRY_COMPARE(counts_at_questions.size(), 3);
+        QTRY_COMPARE(account->outcomes().size(), 2);
+    }
+    QCOMPARE(counts_at_questions, (QStringList{QString(), QStringLiteral("1 converted, 0 skipped, 0 failed"),
+                                               QStringLiteral("1 converted, 0 skipped, 0 failed")}));
+
+    // The list sorts by a click on a column's header, the other way round
+    // at the next, and the copied text keeps the run's order.
+    auto* list = account->findChild<QTreeWidget*>(QStringLiteral("account_list"));
+    QVERIFY(list);
+    const auto column_texts = [list](int column) {
+        QStringList texts;
+        for (int row = 0; row < list->topLevelItemCount(); ++row)
+            texts << list->topLevelItem(row)->text(column);
+        return texts;
+    };
+    QCOMPARE(column_texts(3), (QStringList{QStringLiteral("wb.xmp"), QStringLiteral("wb_cal_1.xmp")}));
+    QHeaderView* header = list->header();
+    const auto click_header = [header](int column) {
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          QPoint(header->sectionViewportPosition(column) + 5, header->height() / 2));
+    };
+    click_header(0);
+    const QStringList ascending = column_texts(0);
+    click_header(0);
+    QCOMPARE(column_texts(0), (QStringList{QStringLiteral("Warm Cal"), QStringLiteral("Warm")}));
+    QCOMPARE(ascending, (QStringList{QStringLiteral("Warm"), QStringLiteral("Warm Cal")}));
+    QVERIFY(account->plain_text().indexOf(QStringLiteral("wb.xmp")) < account->plain_text().indexOf(QStringLiteral("wb_cal_1.xmp")));
+
+    // A folder without presets: said so, nothing else; files of known kinds
+    // that are no presets are named.
     QDir().mkpath(root->path() + QStringLiteral("/nothing"));
     this->drop({root->path() + QStringLiteral("/nothing")});
     QTRY_COMPARE(account->summary(), QStringLiteral("No presets found"));
     QVERIFY(account->outcomes().isEmpty());
+    write_file(root->path() + QStringLiteral("/luts/Film.cube"), "LUT_3D_SIZE 2");
+    this->drop({root->path() + QStringLiteral("/luts")});
+    QTRY_COMPARE(account->summary(), QStringLiteral("No preset found in this folder, only files Stylewright does not "
+                                                    "convert: 1 LUT (.cube)."));
 }
 
 void test_window::account_speaks_german()

@@ -34,6 +34,8 @@ QStringList summary(const archive_contents& contents, const archive_limits& limi
         lines << archive_problem_text(contents.problem, contents.detail, limits);
     for (const archive_preset& preset : contents.presets)
         lines << preset.entry + QStringLiteral(" = ") + QString::fromUtf8(preset.data);
+    for (const archive_preset& archive : contents.archives)
+        lines << archive.entry + QStringLiteral(": an archive of %1 bytes").arg(archive.data.size());
     for (const archive_refusal& refusal : contents.refusals)
         lines << refusal.entry + QStringLiteral(": ") + archive_problem_text(refusal.problem, refusal.detail, limits);
     return lines;
@@ -58,13 +60,12 @@ TEST(preset_archive, reads_presets_at_any_depth_and_refuses_what_could_escape_or
                                             {"Film/./dot.xmp", "x"},
                                             {"more/inner.ZIP", inner_zip}});
     EXPECT_EQ(summary(read_preset_archive(path)),
-              QStringList({"Film/Portra.XMP = p", "b.lrtemplate = b",
+              QStringList({"Film/Portra.XMP = p", "b.lrtemplate = b", "more/inner.ZIP: an archive of 22 bytes",
                            "../evil.xmp: The entry's name leads outside the archive; it was not read.",
                            "/etc/abs.xmp: The entry's name leads outside the archive; it was not read.",
                            "C:/drive.xmp: The entry's name leads outside the archive; it was not read.",
                            "Film/./dot.xmp: The entry's name leads outside the archive; it was not read.",
-                           "a\\b.xmp: The entry's name leads outside the archive; it was not read.",
-                           "more/inner.ZIP: Archives inside archives are not opened."}));
+                           "a\\b.xmp: The entry's name leads outside the archive; it was not read."}));
 }
 
 TEST(preset_archive, bounds_entries_and_sizes)

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMap>
+#include <QTemporaryDir>
 
 #include <ostream>
 #include <zip.h>
@@ -61,6 +62,26 @@ inline QByteArray read_file(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Writes a zip archive holding exactly these entries; returns its path.
+inline QString make_zip(const QString& path, const QMap<QString, QByteArray>& entries)
+{
+    int code = 0;
+    zip_t* archive = zip_open(QFile::encodeName(path).constData(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+    for (auto it = entries.cbegin(); it != entries.cend(); ++it) {
+        zip_source_t* source = zip_source_buffer(archive, it.value().constData(), zip_uint64_t(it.value().size()), 0);
+        zip_file_add(archive, it.key().toUtf8().constData(), source, ZIP_FL_ENC_UTF_8);
+    }
+    zip_close(archive);
+    return path;
+}
+
+// The bytes of such an archive, to be put inside another.
+inline QByteArray zip_bytes(const QMap<QString, QByteArray>& entries)
+{
+    const QTemporaryDir dir;
+    return read_file(make_zip(dir.filePath(QStringLiteral("a.zip")), entries));
 }
 
 // An archive's entries in archive order, as "name" or "name: data".
