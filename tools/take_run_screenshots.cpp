@@ -48,7 +48,7 @@ void save_screen(const QString& folder, const QString& name)
 QString make_presets(const QString& source, const QString& target, int count)
 {
     QStringList presets;
-    QDirIterator it(source, {QStringLiteral("*.xmp"), QStringLiteral("*.lrtemplate")}, QDir::Files,
+    QDirIterator it(source, {QStringLiteral("*.xmp"), QStringLiteral("*.dng"), QStringLiteral("*.lrtemplate")}, QDir::Files,
                     QDirIterator::Subdirectories);
     while (it.hasNext())
         presets << it.next();
