@@ -92,6 +92,14 @@ parsed_command_line parse_command_line(const QStringList& arguments)
                                   QStringLiteral("Presets read and converted at once (default: the number of "
                                                  "cores). Output comes in the same order whatever the number."),
                                   QStringLiteral("N"));
+    const QCommandLineOption from_lightroom(
+        QStringLiteral("from-lightroom"),
+        QStringLiteral("Also convert the presets in this user's Lightroom folders (Lightroom Classic's and Camera "
+                       "Raw's XMP presets, older Lightroom's templates)."));
+    const QCommandLineOption to_capture_one(
+        QStringLiteral("to-capture-one"),
+        QStringLiteral("Write the styles into this user's Capture One styles folder, each in the folder of its "
+                       "Lightroom group, instead of --output."));
     const QCommandLineOption inspect(QStringLiteral("inspect"),
                                      QStringLiteral("Print what each preset holds as JSON; write nothing."));
     const QCommandLineOption verbose({QStringLiteral("v"), QStringLiteral("verbose")},
@@ -100,8 +108,8 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     // Not addVersionOption: it would take -v, which is --verbose here.
     const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Print the version."));
 
-    parser.addOptions({output, colorspace, pack, category, white_balance, unsupported, calibration, to_stdout, jobs, inspect,
-                       verbose, quiet});
+    parser.addOptions({output, colorspace, pack, category, white_balance, unsupported, calibration, to_stdout,
+                       from_lightroom, to_capture_one, jobs, inspect, verbose, quiet});
     const QCommandLineOption help = parser.addHelpOption();
     parser.addOption(version);
     parser.addPositionalArgument(QStringLiteral("PRESET|FOLDER"),
@@ -128,6 +136,8 @@ parsed_command_line parse_command_line(const QStringList& arguments)
     options.category = parser.isSet(category);
     options.to_stdout = parser.isSet(to_stdout);
     options.inspect = parser.isSet(inspect);
+    options.from_lightroom = parser.isSet(from_lightroom);
+    options.to_capture_one = parser.isSet(to_capture_one);
     if (parser.isSet(jobs)) {
         bool number = false;
         options.jobs = parser.value(jobs).toInt(&number);
@@ -156,6 +166,14 @@ parsed_command_line parse_command_line(const QStringList& arguments)
                     : parser.isSet(quiet) ? verbosity::quiet
                                           : verbosity::normal;
 
+    if (options.to_capture_one) {
+        for (const QCommandLineOption* other : {&pack, &output, &category, &to_stdout, &inspect}) {
+            if (parser.isSet(*other))
+                return usage_error(QStringLiteral("--to-capture-one writes separate styles into Capture One's styles "
+                                                  "folder; it can't be used with --%1.")
+                                       .arg(other->names().constLast()));
+        }
+    }
     const int modes = int(parser.isSet(pack)) + int(options.to_stdout) + int(options.inspect);
     if (modes > 1)
         return usage_error(QStringLiteral("Only one of --pack, --stdout and --inspect can be given."));
@@ -168,9 +186,9 @@ parsed_command_line parse_command_line(const QStringList& arguments)
         return usage_error(QStringLiteral("--pack needs a file name."));
     if (parser.isSet(output) && options.output_folder.isEmpty())
         return usage_error(QStringLiteral("--output needs a folder name."));
-    if (options.inputs.isEmpty())
+    if (options.inputs.isEmpty() && !options.from_lightroom)
         return usage_error(QStringLiteral("No preset or folder given."));
-    if (options.to_stdout && options.inputs.size() != 1)
+    if (options.to_stdout && (options.inputs.size() != 1 || options.from_lightroom))
         return usage_error(QStringLiteral("--stdout takes exactly one preset."));
     return parsed;
 }

@@ -25,6 +25,11 @@ struct cli_options {
     question_answer calibration = question_answer::convert;
     bool to_stdout = false;
     bool inspect = false;
+    // This user's Lightroom preset folders join the inputs.
+    bool from_lightroom = false;
+    // Separate styles go into this user's Capture One styles folder, each in
+    // its Lightroom group's folder.
+    bool to_capture_one = false;
     // Presets worked on at once; every core by default.
     int jobs = QThread::idealThreadCount();
     verbosity level = verbosity::normal;

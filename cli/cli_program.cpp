@@ -3,6 +3,7 @@
 #include "cli/standard_streams.h"
 
 #include "conversion/conversion_run.h"
+#include "conversion/editor_folders.h"
 #include "conversion/held_log.h"
 #include "conversion/other_files.h"
 #include "conversion/preset_source.h"
@@ -157,6 +158,7 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
     conversion.jobs = options.jobs;
     // What each style leaves out is only told with -v.
     conversion.learn_losses = options.level == verbosity::verbose;
+    conversion.lightroom_groups = options.to_capture_one;
     cli_shell shell(options);
     conversion_result result = run_conversion(presets, conversion, shell);
     cli_output::end_progress();
@@ -181,12 +183,64 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
     }
 
     cli_output::result_line(conversion_messages::summary_line(result.counts()));
+    if (options.to_capture_one && result.converted > 0)
+        cli_output::result_line(conversion_messages::restart_capture_one());
     return result.failed > 0 || result.not_saved > 0 ? exit_failure : exit_success;
+}
+
+// Adds this user's Lightroom folders to the inputs and sends the styles to
+// Capture One's styles folder, as asked; false (with its line said) when a
+// folder asked for is not there, before anything is read or written.
+bool find_editor_folders(cli_options& options, const editor_folders& folders)
+{
+    const auto join = [](const QStringList& paths) {
+        QStringList shown;
+        for (const QString& path : paths)
+            shown << QDir::toNativeSeparators(path);
+        return shown.join(QStringLiteral(" and "));
+    };
+    if ((options.from_lightroom || options.to_capture_one) && folders.layout == folder_layout::none) {
+        cli_output::error_line(QStringLiteral("%1: Lightroom's and Capture One's folders are looked for only on macOS "
+                                              "and Windows, where the two programs run.")
+                                   .arg(options.from_lightroom ? QStringLiteral("--from-lightroom")
+                                                               : QStringLiteral("--to-capture-one")));
+        return false;
+    }
+    if (options.from_lightroom) {
+        const QStringList found = folders.existing_lightroom_presets();
+        for (const QString& folder : folders.lightroom_presets) {
+            if (!found.contains(folder))
+                cli_output::log_line(QtInfoMsg, QStringLiteral("No Lightroom preset folder at %1.")
+                                                    .arg(QDir::toNativeSeparators(folder)));
+        }
+        if (found.isEmpty()) {
+            cli_output::error_line(QStringLiteral("--from-lightroom: none of Lightroom's preset folders exists "
+                                                  "(looked for %1).")
+                                       .arg(join(folders.lightroom_presets)));
+            return false;
+        }
+        options.inputs = found + options.inputs;
+    }
+    if (options.to_capture_one) {
+        if (!folders.capture_one_styles_exist()) {
+            cli_output::error_line(QStringLiteral("--to-capture-one: Capture One's styles folder %1 does not exist; "
+                                                  "start Capture One once to make it.")
+                                       .arg(QDir::toNativeSeparators(folders.capture_one_styles)));
+            return false;
+        }
+        options.output_folder = folders.capture_one_styles;
+    }
+    return true;
 }
 
 } // namespace
 
 int run_cli(const QStringList& arguments)
+{
+    return run_cli(arguments, this_system_editor_folders());
+}
+
+int run_cli(const QStringList& arguments, const editor_folders& folders)
 {
     keep_standard_streams_byte_exact();
     const parsed_command_line parsed = parse_command_line(arguments);
@@ -204,8 +258,10 @@ int run_cli(const QStringList& arguments)
         break;
     }
 
-    const cli_options& options = parsed.options;
+    cli_options options = parsed.options;
     cli_output::install(options.level);
+    if (!find_editor_folders(options, folders))
+        return exit_failure;
     const gathered_presets gathered = gather_presets(options.inputs);
     for (const empty_place& folder : gathered.empty_folders)
         cli_output::log_line(QtWarningMsg, folder.path + QStringLiteral(": ") +

@@ -2,6 +2,7 @@
 #include "conversion/conversion_run.h"
 
 #include "conversion/style_names.h"
+#include "conversion/group_folder.h"
 #include "conversion/preset_archive.h"
 #include "conversion/preset_reading.h"
 #include "conversion/preset_step.h"
@@ -47,6 +48,19 @@ bool goes_on(question_answer answer, answer_memory& memory)
 }
 
 int& count_of(conversion_result& result, outcome_kind kind);
+
+// The folder of a Lightroom group below Capture One's styles folder: the
+// preset's own group, else the folders it was found in (each a group of its
+// own), else none.
+QString group_subfolder(const QString& group, const QString& found_in)
+{
+    if (!group.isEmpty())
+        return folder_of_group(group);
+    QStringList folders = found_in.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (QString& folder : folders)
+        folder = folder_of_group(folder);
+    return folders.join(QLatin1Char('/'));
+}
 
 class conversion_run {
 public:
@@ -129,9 +143,11 @@ private:
             return;
         }
         const QString style_name = QFileInfo(path).completeBaseName() + QStringLiteral(".costyle");
-        const QString folder = preset.subfolder.isEmpty()
-                                   ? shell_.output_folder()
-                                   : shell_.output_folder() + QLatin1Char('/') + preset.subfolder;
+        // Into Capture One's styles folder a style goes to its Lightroom group.
+        const QString subfolder =
+            options_.lightroom_groups ? group_subfolder(record.extras.group, preset.subfolder) : preset.subfolder;
+        const QString folder =
+            subfolder.isEmpty() ? shell_.output_folder() : shell_.output_folder() + QLatin1Char('/') + subfolder;
 
         const bool unsupported = step.dehaze || step.lut;
         const auto white_balance = [&] { return conversion_messages::white_balance_question(path, record.name, labels_); };
@@ -169,7 +185,7 @@ private:
         if (first != nullptr && first->folder != preset_folder) {
             const QString name =
                 separate_ ? folder + QLatin1Char('/') +
-                                entry_names_.separate_name_would_be(preset.subfolder, style_name, owner)
+                                entry_names_.separate_name_would_be(subfolder, style_name, owner)
                           : entry_names_.entry_would_be(style_name, owner, label_of(preset));
             if (name != first->name) {
                 outcome.kind = outcome_kind::skipped;
@@ -197,7 +213,7 @@ private:
             return;
         }
         bool renamed = false;
-        const QString separate_name = entry_names_.separate_name_for(preset.subfolder, style_name, owner, renamed);
+        const QString separate_name = entry_names_.separate_name_for(subfolder, style_name, owner, renamed);
         const QString target = folder + QLatin1Char('/') + separate_name;
         if (renamed)
             qWarning().noquote() << QStringLiteral("%1: this run already wrote a style of the same name from "
@@ -206,7 +222,7 @@ private:
         QString reason;
         // Only a subfolder of a folder tree is made here; the output folder
         // itself is the shell's.
-        if (!preset.subfolder.isEmpty() && !QDir().mkpath(folder))
+        if (!subfolder.isEmpty() && !QDir().mkpath(folder))
             return fail(conversion_messages::write_failed(path, target, QStringLiteral("Can't create the folder.")),
                         outcome);
         const QString target_key = QDir::cleanPath(QFileInfo(target).absoluteFilePath());

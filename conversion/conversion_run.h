@@ -60,6 +60,10 @@ struct conversion_options {
     // Whether each converted preset's outcome tells what its style leaves out
     // (a mapping that records every key it reads, at some cost per preset).
     bool learn_losses = false;
+    // Separate styles go into the folders of their Lightroom groups (as into
+    // Capture One's styles folder, whose subfolders are its style groups)
+    // instead of the folders their presets were found in.
+    bool lightroom_groups = false;
 };
 
 struct conversion_result {

@@ -27,6 +27,11 @@ QString summary_line(const outcome_counts& counts)
     return parts.join(QStringLiteral(", "));
 }
 
+QString restart_capture_one()
+{
+    return QCoreApplication::translate("MainWindow", "Restart Capture One to see the new styles.");
+}
+
 QString pack_cancelled()
 {
     return QCoreApplication::translate("MainWindow", "the style pack was cancelled");

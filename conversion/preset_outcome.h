@@ -74,6 +74,8 @@ namespace conversion_messages {
 QString summary_line(const outcome_counts& counts);
 // Why the styles of a pack whose save dialog was cancelled were not saved.
 QString pack_cancelled();
+// The last word after styles went into Capture One's styles folder.
+QString restart_capture_one();
 // One line about one preset, without its file: "converted into Warm.costyle;
 // leaves out …", "skipped: White balance modified by preset", "failed: …".
 QString outcome_line(const preset_outcome& outcome);

@@ -477,6 +477,10 @@
         <source>converted into %1, written over an earlier file</source>
         <translation>konvertiert in %1, über eine frühere Datei geschrieben</translation>
     </message>
+    <message>
+        <source>Restart Capture One to see the new styles.</source>
+        <translation>Starten Sie Capture One neu, um die neuen Stile zu sehen.</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>

@@ -5,6 +5,7 @@
 #include "support/golden.h"
 #include "cli/cli_program.h"
 #include "support/conversion_fixtures.h"
+#include "in_process.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -22,40 +23,6 @@ using namespace fixtures;
 namespace {
 
 const QString data = QStringLiteral(STYLEWRIGHT_TEST_DATA_DIR);
-
-struct said {
-    int exit_code = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-// run_cli in this process, its standard output and error caught in files.
-said run_in_process(const QStringList& arguments, const QString& folder)
-{
-    QTemporaryFile out;
-    QTemporaryFile err;
-    if (!out.open() || !err.open())
-        return {};
-    const QString previous = QDir::currentPath();
-    QDir::setCurrent(folder);
-    std::fflush(stdout);
-    std::fflush(stderr);
-    const int saved[] = {dup(STDOUT_FILENO), dup(STDERR_FILENO)};
-    dup2(out.handle(), STDOUT_FILENO);
-    dup2(err.handle(), STDERR_FILENO);
-    said result;
-    result.exit_code = run_cli(QStringList{QStringLiteral("stylewright-cli")} + arguments);
-    std::fflush(stdout);
-    std::fflush(stderr);
-    dup2(saved[0], STDOUT_FILENO);
-    dup2(saved[1], STDERR_FILENO);
-    close(saved[0]);
-    close(saved[1]);
-    QDir::setCurrent(previous);
-    result.out = read_file(out.fileName());
-    result.err = read_file(err.fileName());
-    return result;
-}
 
 said run_in_shell(const QString& command, const QString& folder)
 {
