@@ -5,7 +5,7 @@
 #include "application/dialog_settings.h"
 #include "conversion/conversion_messages.h"
 #include "application/dropped_presets.h"
-#include "conversion/output_folder.h"
+#include "conversion/preset_outcome.h"
 #include "application/run_account.h"
 #include "application/settings_keys.h"
 #include "conversion/output_folder.h"
@@ -33,6 +33,7 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QMimeData>
 #include <QScopeGuard>
 #include <QScrollBar>
@@ -43,6 +44,7 @@
 #include <QTextEdit>
 
 #include <algorithm>
+#include <functional>
 #include <iostream>
 
 namespace {
@@ -103,8 +105,10 @@ const font_families& embedded_fonts()
 
 } // namespace
 
-MainWindow::MainWindow(QWidget* parent)
-    : QMainWindow(parent)
+MainWindow::MainWindow(QWidget* parent) : MainWindow(this_system_editor_folders(), parent) {}
+
+MainWindow::MainWindow(const editor_folders& folders, QWidget* parent)
+    : QMainWindow(parent), editors(folders)
 {
     auto* log_shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_L), this);
     log_shortcut->setContext(Qt::ApplicationShortcut);
@@ -170,12 +174,22 @@ void MainWindow::setup_layout()
     open_button->set_icon_path(QStringLiteral(":/images/icon_open.png"));
     open_button->setToolTip(folder_tip);
     connect(open_button, &QPushButton::clicked, this, &MainWindow::on_button_output_folder_clicked);
+    output_folder_button = open_button;
 
     convert_button = body->cell(0, 2, new vel::dark_button(QString(), central), 2, 2);
     convert_button->setFixedSize(convert_button_size);
     convert_button->set_icon_path(QStringLiteral(":/images/icon_convert.png"));
     convert_button->setToolTip(tr("Load Lightroom preset(s) and convert to Capture One."));
     connect(convert_button, &QPushButton::clicked, this, &MainWindow::on_button_convert_clicked);
+
+    // A left click does what it always did; the move from Lightroom is one
+    // right click (or the menu key) away on the same buttons.
+    convert_button->setAccessibleDescription(tr("Its context menu converts Lightroom's own presets."));
+    open_button->setAccessibleDescription(tr("Its context menu chooses Capture One's styles folder."));
+    for (vel::dark_button* button : {convert_button, open_button})
+        button->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(convert_button, &QWidget::customContextMenuRequested, this, &MainWindow::show_convert_menu);
+    connect(open_button, &QWidget::customContextMenuRequested, this, &MainWindow::show_output_folder_menu);
 
     account = body->cell(2, 0, new run_account(central), 1, 4);
     connect(account, &run_account::height_changed, this, &MainWindow::fit_height);
@@ -223,6 +237,71 @@ void MainWindow::setup_top_bar(QGridLayout* grid)
 QString MainWindow::output_folder() const
 {
     return settings.value(settings_keys::output_dir.key, settings_keys::output_dir.default_value).toString();
+}
+
+void MainWindow::set_output_folder(const QString& folder)
+{
+    settings.setValue(settings_keys::output_dir.key, folder);
+    output_folder_field->setText(QDir::toNativeSeparators(folder));
+}
+
+bool MainWindow::output_is_capture_one() const
+{
+    if (editors.capture_one_styles.isEmpty())
+        return false;
+    const auto same = [](const QString& path) { return QDir::cleanPath(QFileInfo(path).absoluteFilePath()); };
+    return same(output_folder()) == same(editors.capture_one_styles);
+}
+
+namespace {
+
+// Where the program looked for folders of its own, for a greyed entry's tip.
+QString looked_for(const editor_folders& folders, const QStringList& paths)
+{
+    if (folders.layout == folder_layout::none)
+        return QCoreApplication::translate("MainWindow", "Lightroom and Capture One run only on macOS and Windows; "
+                                                         "their folders are not looked for here.");
+    QStringList shown;
+    for (const QString& path : paths)
+        shown << QDir::toNativeSeparators(path);
+    return QCoreApplication::translate("MainWindow", "Not found: %1").arg(shown.join(QStringLiteral(", ")));
+}
+
+// A menu of one entry at the button, greyed with its reason when it can't be used.
+void show_one_entry_menu(QWidget* button, const QPoint& where, const QString& text, bool usable,
+                         const QString& reason, const std::function<void()>& action)
+{
+    QMenu menu(button);
+    menu.setToolTipsVisible(true);
+    QAction* entry = menu.addAction(text);
+    entry->setEnabled(usable);
+    if (!usable)
+        entry->setToolTip(reason);
+    QObject::connect(entry, &QAction::triggered, button, action);
+    menu.exec(button->mapToGlobal(where));
+}
+
+} // namespace
+
+void MainWindow::show_convert_menu(const QPoint& where)
+{
+    const QStringList found = editors.existing_lightroom_presets();
+    show_one_entry_menu(convert_button, where, tr("Convert Lightroom's presets"), !found.isEmpty() && !converting,
+                        looked_for(editors, editors.lightroom_presets), [this, found] {
+                            const gathered_presets gathered = gather_presets(found);
+                            report_archive_failures(gathered.archive_failures);
+                            if (gathered.presets.isEmpty())
+                                account->show_nothing_found();
+                            else
+                                convert_presets(gathered.presets);
+                        });
+}
+
+void MainWindow::show_output_folder_menu(const QPoint& where)
+{
+    show_one_entry_menu(output_folder_button, where, tr("Capture One's styles folder"),
+                        editors.capture_one_styles_exist(), looked_for(editors, {editors.capture_one_styles}),
+                        [this] { set_output_folder(editors.capture_one_styles); });
 }
 
 namespace {
@@ -369,6 +448,9 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
 
     // The account tells what each style leaves out.
     options.learn_losses = true;
+    // Into Capture One's own styles folder, Lightroom's groups become its style groups.
+    const bool to_capture_one = options.format == output_format::separate && output_is_capture_one();
+    options.lightroom_groups = to_capture_one;
     account->begin();
     conversion_result result;
     {
@@ -384,6 +466,8 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
     const bool separate = options.format == output_format::separate;
     if (separate || result.pack_entries.isEmpty()) {
         account->show_run(result.counts(), separate ? output_folder() : QString());
+        if (to_capture_one && result.converted > 0)
+            account->show_closing_line(conversion_messages::restart_capture_one());
         return;
     }
     const bool with_category = options.format == output_format::stylepack_category;
@@ -431,8 +515,7 @@ void MainWindow::on_button_output_folder_clicked()
                                           nearest_existing_folder(output_folder()) + QLatin1Char('/'));
     if (folder.isEmpty())
         return;
-    settings.setValue(settings_keys::output_dir.key, folder);
-    output_folder_field->setText(QDir::toNativeSeparators(folder));
+    set_output_folder(folder);
 }
 
 void MainWindow::on_button_settings_clicked()

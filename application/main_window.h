@@ -2,6 +2,7 @@
 #pragma once
 
 #include "application/log_window.h"
+#include "conversion/editor_folders.h"
 #include "conversion/preset_source.h"
 
 #include <QFont>
@@ -33,6 +34,8 @@ class MainWindow : public QMainWindow {
 
 public:
     explicit MainWindow(QWidget* parent = nullptr);
+    // folders: where Lightroom and Capture One keep this user's files.
+    explicit MainWindow(const editor_folders& folders, QWidget* parent = nullptr);
     ~MainWindow() override;
 
 protected:
@@ -45,12 +48,19 @@ private slots:
     void on_button_settings_clicked();
     void on_button_about_clicked();
     void on_button_help_clicked();
+    // The context menus of the convert and the output-folder button.
+    void show_convert_menu(const QPoint& where);
+    void show_output_folder_menu(const QPoint& where);
 
 private:
     void setup_fonts();
     void setup_layout();
     void setup_top_bar(QGridLayout* grid);
     QString output_folder() const;
+    void set_output_folder(const QString& folder);
+    // Whether the output folder is Capture One's own styles folder, whose
+    // subfolders are its style groups.
+    bool output_is_capture_one() const;
     void convert_presets(const QVector<preset_source>& files);
     void report_archive_failures(const QVector<archive_failure>& failures);
     // Asks for the pack's file and writes it; false when nothing was written.
@@ -63,8 +73,10 @@ private:
     QFont text_font;
     QFont bold_font;
     QSettings settings;
+    const editor_folders editors;
     vel::line_edit* output_folder_field = nullptr;
     vel::dark_button* convert_button = nullptr;
+    vel::dark_button* output_folder_button = nullptr;
     run_account* account = nullptr;
     // The last style pack asked for, and why it was not written.
     QString pack_path_tried;

@@ -142,12 +142,17 @@ run_account::run_account(QWidget* parent) : QWidget(parent)
     list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list_->setFixedHeight(list_height);
     list_->setStyleSheet(list_sheet());
+    closing_label_ = new QLabel(this);
+    closing_label_->setObjectName(QStringLiteral("account_closing"));
+    closing_label_->setWordWrap(true);
+    closing_label_->hide();
     list_->header()->setStretchLastSection(true);
     // Sorted by a click on a column's header; until then in run order.
     list_->header()->setSortIndicator(-1, Qt::AscendingOrder);
     list_->setSortingEnabled(true);
     list_->header()->setSortIndicatorShown(true);
     column_layout->addWidget(list_);
+    column_layout->addWidget(closing_label_);
 
     hide();
 }
@@ -159,6 +164,8 @@ void run_account::begin()
     folder_.clear();
     pack_label_->clear();
     pack_label_->hide();
+    closing_label_->clear();
+    closing_label_->hide();
     // The last run's counts go at once; this run's fill in as it goes.
     summary_label_->clear();
 }
@@ -297,6 +304,18 @@ QString run_account::summary() const
     return summary_label_->text();
 }
 
+void run_account::show_closing_line(const QString& text)
+{
+    closing_label_->setText(text);
+    closing_label_->show();
+    emit height_changed();
+}
+
+QString run_account::closing_line() const
+{
+    return closing_label_->isHidden() ? QString() : closing_label_->text();
+}
+
 QString run_account::pack_line() const
 {
     return pack_label_->isHidden() ? QString() : pack_label_->text();
@@ -316,6 +335,8 @@ QString run_account::plain_text() const
         if (outcome.kind == outcome_kind::converted && !details.isEmpty())
             lines << QStringLiteral("    ") + QString(details).replace(QLatin1Char('\n'), QStringLiteral("\n    "));
     }
+    if (!closing_line().isEmpty())
+        lines << closing_line();
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 

@@ -36,12 +36,15 @@ public:
     // The style pack's fate, after show_run().
     void pack_written(const QString& path);
     void pack_not_written(const QString& path, const QString& reason);
+    // A line below the list, the account's last: what to do next.
+    void show_closing_line(const QString& text);
     // A drop or pick that held no preset at all.
     // others: files of known kinds that are no presets, found instead.
     void show_nothing_found(const other_files& others = {});
 
     QString summary() const;
     QString pack_line() const;
+    QString closing_line() const;
     QString plain_text() const;
     const QVector<preset_outcome>& outcomes() const { return outcomes_; }
 
@@ -67,6 +70,7 @@ private:
 
     QLabel* summary_label_ = nullptr;
     QLabel* pack_label_ = nullptr;
+    QLabel* closing_label_ = nullptr;
     QPushButton* open_button_ = nullptr;
     QPushButton* copy_button_ = nullptr;
     QPushButton* fold_button_ = nullptr;

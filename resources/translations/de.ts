@@ -481,6 +481,30 @@
         <source>Restart Capture One to see the new styles.</source>
         <translation>Starten Sie Capture One neu, um die neuen Stile zu sehen.</translation>
     </message>
+    <message>
+        <source>Its context menu converts Lightroom&apos;s own presets.</source>
+        <translation>Sein Kontextmenü konvertiert Lightrooms eigene Presets.</translation>
+    </message>
+    <message>
+        <source>Its context menu chooses Capture One&apos;s styles folder.</source>
+        <translation>Sein Kontextmenü wählt den Stilordner von Capture One.</translation>
+    </message>
+    <message>
+        <source>Lightroom and Capture One run only on macOS and Windows; their folders are not looked for here.</source>
+        <translation>Lightroom und Capture One laufen nur unter macOS und Windows; ihre Ordner werden hier nicht gesucht.</translation>
+    </message>
+    <message>
+        <source>Not found: %1</source>
+        <translation>Nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Convert Lightroom&apos;s presets</source>
+        <translation>Lightrooms Presets konvertieren</translation>
+    </message>
+    <message>
+        <source>Capture One&apos;s styles folder</source>
+        <translation>Stilordner von Capture One</translation>
+    </message>
 </context>
 <context>
     <name>dialog_settings</name>

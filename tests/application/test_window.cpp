@@ -21,6 +21,8 @@
 #include "vel_toolkit/qt_message_handler.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QHeaderView>
 #include <QTreeWidget>
 #include <QAbstractItemView>
@@ -166,6 +168,7 @@ private slots:
     void a_run_writes_what_the_answers_allow_data();
     void a_run_writes_what_the_answers_allow();
     void dropped_files_and_folders_start_a_run();
+    void context_menus_lead_to_lightroom_and_capture_one();
     void progress_dialog_cancel_stops_after_the_current_preset();
 
 private:
@@ -710,6 +713,119 @@ void test_window::dropped_files_and_folders_start_a_run()
     this->drop({root->path() + QStringLiteral("/luts")});
     QTRY_COMPARE(account->summary(), QStringLiteral("No preset found in this folder, only files Stylewright does not "
                                                     "convert: 1 LUT (.cube)."));
+}
+
+namespace {
+
+// What a context menu offered (each entry's text, whether it could be
+// chosen, and its tip), choosing the entry named choose.
+struct menu_entry {
+    QString text;
+    bool enabled;
+    QString tip;
+};
+
+QVector<menu_entry> open_context_menu(QWidget* button, const QString& choose = QString())
+{
+    QVector<menu_entry> entries;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        poll.stop();
+        QAction* chosen = nullptr;
+        for (QAction* action : menu->actions()) {
+            entries.append({action->text(), action->isEnabled(), action->toolTip()});
+            if (action->text() == choose && action->isEnabled())
+                chosen = action;
+        }
+        if (chosen) {
+            menu->setActiveAction(chosen);
+            QTest::keyClick(menu, Qt::Key_Return);
+        } else {
+            menu->close();
+        }
+    });
+    poll.start(20);
+    // As the menu key sends it.
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5));
+    QApplication::sendEvent(button, &event);
+    return entries;
+}
+
+} // namespace
+
+void test_window::context_menus_lead_to_lightroom_and_capture_one()
+{
+    const QString home = root->path() + QStringLiteral("/home");
+    const editor_folders mac = editor_folders_for(folder_layout::macos, {home, QString(), QString()});
+    const auto make_window_with = [this](const editor_folders& folders) {
+        QSettings settings;
+        settings.setValue(settings_keys::output_dir.key, output);
+        window.reset();
+        window = std::make_unique<MainWindow>(folders);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    };
+    vel::dark_button* convert = nullptr;
+    vel::dark_button* folder = nullptr;
+    const auto find_buttons = [&] {
+        convert = button_with_tip(QStringLiteral("Load Lightroom preset(s) and convert to Capture One."));
+        folder = button_with_tip(QStringLiteral("Select the folder where the converted Lightroom presets will be saved."));
+        QVERIFY(convert && folder);
+    };
+
+    // Nothing found: both entries greyed, each saying where it looked.
+    make_window_with(mac);
+    find_buttons();
+    const QString support = QDir::toNativeSeparators(home + QStringLiteral("/Library/Application Support"));
+    QVector<menu_entry> offered = open_context_menu(convert);
+    QCOMPARE(offered.size(), 1);
+    QCOMPARE(offered[0].text, QStringLiteral("Convert Lightroom's presets"));
+    QVERIFY(!offered[0].enabled);
+    QCOMPARE(offered[0].tip, QStringLiteral("Not found: %1/Adobe/CameraRaw/Settings, %1/Adobe/Lightroom/Develop Presets")
+                                 .arg(support));
+    offered = open_context_menu(folder);
+    QCOMPARE(offered.size(), 1);
+    QCOMPARE(offered[0].text, QStringLiteral("Capture One's styles folder"));
+    QVERIFY(!offered[0].enabled);
+    QCOMPARE(offered[0].tip, QStringLiteral("Not found: %1/Capture One/Styles").arg(support));
+    make_window_with(editor_folders_for(folder_layout::none, {}));
+    find_buttons();
+    QCOMPARE(open_context_menu(convert).value(0).tip,
+             QStringLiteral("Lightroom and Capture One run only on macOS and Windows; their folders are not looked for here."));
+
+    // Found: the styles folder becomes the output folder, and Lightroom's
+    // presets go into their groups' folders there.
+    write_file(mac.lightroom_presets.at(0) + QStringLiteral("/Plain.xmp"),
+               xmp(QStringLiteral("Plain"), QStringLiteral("crs:Contrast2012=\"10\"")).replace(
+                   "</rdf:Description>", "<crs:Group><rdf:Alt><rdf:li xml:lang=\"x-default\">Film?</rdf:li></rdf:Alt></crs:Group></rdf:Description>"));
+    write_file(mac.lightroom_presets.at(1) + QStringLiteral("/Old/Nested.lrtemplate"), nested_template);
+    QDir().mkpath(mac.capture_one_styles);
+    make_window_with(mac);
+    find_buttons();
+    QCOMPARE(open_context_menu(folder, QStringLiteral("Capture One's styles folder")).value(0).enabled, true);
+    QCOMPARE(QSettings().value(settings_keys::output_dir.key).toString(), mac.capture_one_styles);
+    QCOMPARE(window->findChild<vel::line_edit*>()->text(), QDir::toNativeSeparators(mac.capture_one_styles));
+    open_context_menu(convert, QStringLiteral("Convert Lightroom's presets"));
+    auto* account = window->findChild<run_account*>();
+    QTRY_COMPARE(account->outcomes().size(), 2);
+    QVERIFY(QFileInfo::exists(mac.capture_one_styles + QStringLiteral("/Film%3F/Plain.costyle")));
+    QVERIFY(QFileInfo::exists(mac.capture_one_styles + QStringLiteral("/Old/Nested.costyle")));
+    QCOMPARE(account->closing_line(), QStringLiteral("Restart Capture One to see the new styles."));
+    QVERIFY(account->plain_text().endsWith(QStringLiteral("Restart Capture One to see the new styles.\n")));
+
+    // Into any other folder, the folders the presets were found in, and no restart.
+    QSettings().setValue(settings_keys::output_dir.key, output);
+    make_window_with(mac);
+    find_buttons();
+    open_context_menu(convert, QStringLiteral("Convert Lightroom's presets"));
+    account = window->findChild<run_account*>();
+    QTRY_COMPARE(account->outcomes().size(), 2);
+    QVERIFY(QFileInfo::exists(output + QStringLiteral("/Plain.costyle")));
+    QVERIFY(QFileInfo::exists(output + QStringLiteral("/Old/Nested.costyle")));
+    QVERIFY(account->closing_line().isEmpty());
 }
 
 void test_window::account_speaks_german()
