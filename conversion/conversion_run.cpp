@@ -65,7 +65,7 @@ QString group_subfolder(const QString& group, const QString& found_in)
 class conversion_run {
 public:
     conversion_run(const conversion_options& options, conversion_shell& shell)
-        : options_(options), shell_(shell), separate_(!is_pack(options.format)),
+        : options_(options), shell_(shell), separate_(writes_separate_files(options.format)),
           labels_(conversion_messages::translated_labels())
     {
     }

@@ -21,4 +21,6 @@ QString output_format_name(output_format format);
 // plain style pack, the settings dialog shows it as the category pack.
 std::optional<output_format> parse_output_format(const QString& name);
 
-inline bool is_pack(output_format format) { return format != output_format::separate; }
+// Whether a run writes each style as a file of its own; every other format
+// has the run collect the styles (for a pack, or for standard output).
+inline bool writes_separate_files(output_format format) { return format == output_format::separate; }

@@ -11,6 +11,7 @@
 #include "application/main_window.h"
 #include "application/run_account.h"
 #include "conversion/conversion_messages.h"
+#include "conversion/output_format.h"
 #include "vel_toolkit/message_box.h"
 #include "application/settings_keys.h"
 #include "application/translation_loader.h"
@@ -172,7 +173,7 @@ private slots:
     void progress_dialog_cancel_stops_after_the_current_preset();
 
 private:
-    void make_window(const QString& format = QStringLiteral("separate"));
+    void make_window(const QString& format = output_format_name(output_format::separate));
     vel::dark_button* button_with_tip(const QString& tip) const;
     void run(session& person);
     void drop(const QStringList& paths);
@@ -453,27 +454,30 @@ void test_window::a_run_writes_what_the_answers_allow_data()
     const QString white_balance = QStringLiteral("question: White balance modified by preset: ");
     const QString calibration = QStringLiteral("question: Camera calibration modified by preset: ");
     const QStringList none;
+    const QString separate = output_format_name(output_format::separate);
+    const QString stylepack = output_format_name(output_format::stylepack);
+    const QString stylepack_category = output_format_name(output_format::stylepack_category);
     QTest::newRow("separate styles named after their files; the later \"a\" wins")
-        << "separate" << QString() << QStringList{"My.Look.xmp", "a.xmp", "a.lrtemplate"} << answers{} << QString()
+        << separate << QString() << QStringList{"My.Look.xmp", "a.xmp", "a.lrtemplate"} << answers{} << QString()
         << none << QStringList{"My.Look.costyle", "a.costyle:A from template"}
         << QStringList{"2 converted, 1 lost to a later style of the same name, 0 skipped, 0 failed",
                        "My Look – IN/My.Look.xmp: converted into OUT/My.Look.costyle",
                        "A from XMP – IN/a.xmp: lost: replaced by the style of IN/a.lrtemplate (same file name)",
                        "A from template – IN/a.lrtemplate: converted into OUT/a.costyle"};
     QTest::newRow("a style from before the run is written over, and says so")
-        << "separate" << QString() << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"}
+        << separate << QString() << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"}
         << QStringList{"1 converted, 0 skipped, 0 failed",
                        "A from XMP – IN/a.xmp: converted into OUT/a.costyle, written over an earlier file"};
-    QTest::newRow("open dialog cancelled") << "separate" << QString() << none << answers{} << QString() << none << none << QStringList{};
+    QTest::newRow("open dialog cancelled") << separate << QString() << none << answers{} << QString() << none << none << QStringList{};
     QTest::newRow("Skip All silences that question, whatever else a preset raises")
-        << "separate" << QString() << QStringList{"wb.xmp", "wb_cal_1.xmp", "plain.xmp"} << answers{QMessageBox::NoToAll}
+        << separate << QString() << QStringList{"wb.xmp", "wb_cal_1.xmp", "plain.xmp"} << answers{QMessageBox::NoToAll}
         << QString() << QStringList{white_balance} << QStringList{"plain.costyle"}
         << QStringList{"1 converted, 2 skipped, 0 failed",
                        "Warm – IN/wb.xmp: skipped: White balance modified by preset",
                        "Warm Cal – IN/wb_cal_1.xmp: skipped (Skip All): White balance modified by preset",
                        "Plain – IN/plain.xmp: converted into OUT/plain.costyle"};
     QTest::newRow("Convert All leaves the other questions")
-        << "separate" << QString() << QStringList{"wb_cal_1.xmp", "wb_cal_2.xmp"}
+        << separate << QString() << QStringList{"wb_cal_1.xmp", "wb_cal_2.xmp"}
         << answers{QMessageBox::YesToAll, QMessageBox::Yes, QMessageBox::Yes} << QString()
         << QStringList{white_balance, calibration, calibration} << QStringList{"wb_cal_1.costyle", "wb_cal_2.costyle"}
         << QStringList{"2 converted, 0 skipped, 0 failed",
@@ -481,12 +485,12 @@ void test_window::a_run_writes_what_the_answers_allow_data()
                        "    Camera calibration: RedHue",
                        "Cal Too – IN/wb_cal_2.xmp: converted into OUT/wb_cal_2.costyle; leaves out camera calibration",
                        "    Camera calibration: BlueSaturation"};
-    QTest::newRow("a closed box converts") << "separate" << QString() << QStringList{"wb.xmp"} << answers{QMessageBox::Cancel}
+    QTest::newRow("a closed box converts") << separate << QString() << QStringList{"wb.xmp"} << answers{QMessageBox::Cancel}
                                            << QString() << QStringList{white_balance} << QStringList{"wb.costyle"}
         << QStringList{"1 converted, 0 skipped, 0 failed",
                        "Warm – IN/wb.xmp: converted into OUT/wb.costyle"};
     QTest::newRow("dehaze, the name escaped")
-        << "separate" << QString() << QStringList{"dehaze.xmp"} << answers{QMessageBox::Yes} << QString()
+        << separate << QString() << QStringList{"dehaze.xmp"} << answers{QMessageBox::Yes} << QString()
         << QStringList{"question: Unsupported parameters in preset: Your selected preset <font color=\"white\"><b>Hazy "
                        "&lt;&amp;&gt;</b></font> contains the following parameters, which can't be mapped in Capture "
                        "One:<br/>- Dehaze<br/><br/>These parameters will be ignored."}
@@ -495,7 +499,7 @@ void test_window::a_run_writes_what_the_answers_allow_data()
                        "Hazy <&> – IN/dehaze.xmp: converted into OUT/dehaze.costyle; leaves out dehaze",
                        "    Dehaze: Dehaze"};
     QTest::newRow("unknown suffix and unreadable preset, the run goes on")
-        << "separate" << QString() << QStringList{"notes.txt", "broken.lrtemplate", "plain.xmp"} << answers{} << QString()
+        << separate << QString() << QStringList{"notes.txt", "broken.lrtemplate", "plain.xmp"} << answers{} << QString()
         << QStringList{"critical: Unsupported preset format: Your preset <font color=\"white\"><b>notes.txt</b></font> "
                        "is in a format Stylewright can't convert.",
                        "critical: Can't read preset: Your preset <font color=\"white\"><b>broken.lrtemplate</b></font> "
@@ -506,13 +510,13 @@ void test_window::a_run_writes_what_the_answers_allow_data()
                        "IN/broken.lrtemplate: failed: Can't read preset: Unexpected token type found. Expected token_type::comma, got token_type::rbrace",
                        "Plain – IN/plain.xmp: converted into OUT/plain.costyle"};
     QTest::newRow("a missing output folder is made with its parents")
-        << "separate" << "gone/deeper" << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"}
+        << separate << "gone/deeper" << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"}
         << QStringList{"1 converted, 0 skipped, 0 failed",
                        "A from XMP – IN/a.xmp: converted into OUT/a.costyle"};
     QTest::newRow("a folder below a file: one box, nothing read")
-        << "separate" << "file/styles" << QStringList{"a.xmp", "broken.lrtemplate"} << answers{} << QString()
+        << separate << "file/styles" << QStringList{"a.xmp", "broken.lrtemplate"} << answers{} << QString()
         << QStringList{"warning: Output folder can't be used: "} << none << QStringList{};
-    QTest::newRow("pack entries in name order") << "stylepack" << QString() << QStringList{"b.xmp", "a.xmp"} << answers{}
+    QTest::newRow("pack entries in name order") << stylepack << QString() << QStringList{"b.xmp", "a.xmp"} << answers{}
                                                 << "Looks.costylepack" << none
                                                 << QStringList{"Looks.costylepack:a.costyle b.costyle"}
         << QStringList{"2 converted, 0 skipped, 0 failed",
@@ -520,14 +524,14 @@ void test_window::a_run_writes_what_the_answers_allow_data()
                        "B – IN/b.xmp: converted into the pack as b.costyle",
                        "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
     QTest::newRow("pack with category, name typed without suffix")
-        << "stylepack_category" << QString() << QStringList{"b.xmp", "a.xmp"} << answers{} << "Summer Looks" << none
+        << stylepack_category << QString() << QStringList{"b.xmp", "a.xmp"} << answers{} << "Summer Looks" << none
         << QStringList{"Summer Looks.costylepack:Summer Looks/a.costyle Summer Looks/b.costyle"}
         << QStringList{"2 converted, 0 skipped, 0 failed",
                        "Style pack: OUT/Summer Looks.costylepack",
                        "B – IN/b.xmp: converted into the pack as b.costyle",
                        "A from XMP – IN/a.xmp: converted into the pack as a.costyle"};
     QTest::newRow("an empty file makes an empty style; a style that cannot be written fails quietly")
-        << "separate" << QString() << QStringList{"empty.xmp", "blocked.xmp"} << answers{} << QString() << none
+        << separate << QString() << QStringList{"empty.xmp", "blocked.xmp"} << answers{} << QString() << none
         << QStringList{"empty.costyle"}
         << QStringList{"1 converted, 0 skipped, 1 failed",
                        "IN/empty.xmp: converted into OUT/empty.costyle; empty style",
@@ -535,12 +539,12 @@ void test_window::a_run_writes_what_the_answers_allow_data()
     // No file can be made in /proc, not even by root.
     const QString unwritable = QStringLiteral("/proc/Looks.costylepack");
     QTest::newRow("a pack that cannot be saved says where and why")
-        << "stylepack" << QString() << QStringList{"a.xmp"} << answers{} << unwritable << none << none
+        << stylepack << QString() << QStringList{"a.xmp"} << answers{} << unwritable << none << none
         << QStringList{"0 converted, 1 not saved, 0 skipped, 0 failed",
                        "The style pack /proc/Looks.costylepack could not be written: "
                        "Failure to create temporary file: No such file or directory",
                        "A from XMP – IN/a.xmp: not saved: Failure to create temporary file: No such file or directory"};
-    QTest::newRow("pack dialog cancelled") << "stylepack" << QString() << QStringList{"a.xmp"} << answers{} << QString()
+    QTest::newRow("pack dialog cancelled") << stylepack << QString() << QStringList{"a.xmp"} << answers{} << QString()
                                            << none << none
         << QStringList{"0 converted, 1 not saved, 0 skipped, 0 failed",
                        "The style pack was not saved.",
@@ -574,7 +578,7 @@ void test_window::a_run_writes_what_the_answers_allow()
 
     QCOMPARE(person.open_dialog, (QStringList{"Load Lightroom Template", input,
                                               "Lightroom Templates(*.lrtemplate *.xmp);All Presets and Archives(*.lrtemplate *.xmp *.dng *.zip);Zip Archives of Presets(*.zip)"}));
-    QCOMPARE(person.save_dialog.isEmpty(), format == QLatin1String("separate") || chosen.isEmpty());
+    QCOMPARE(person.save_dialog.isEmpty(), format == output_format_name(output_format::separate) || chosen.isEmpty());
     QCOMPARE(person.boxes.size(), boxes.size());
     for (int i = 0; i < boxes.size(); ++i)
         QVERIFY2(person.boxes.at(i).startsWith(boxes.at(i)), qPrintable(person.boxes.at(i)));

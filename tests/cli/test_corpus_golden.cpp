@@ -6,6 +6,7 @@
 #include "support/conversion_fixtures.h"
 #include "support/golden.h"
 #include "support/test_support.h"
+#include "writer/colour_space.h"
 
 #include <QCryptographicHash>
 #include <QDirIterator>
@@ -48,10 +49,11 @@ TEST(corpus_golden, every_style_report_and_message_is_as_recorded)
     const QRegularExpression uuid(QStringLiteral("<E K=\"UUID\"[^>]*>"));
     // One preset at a time for raw, on every core for the others: the same
     // files and the same messages either way.
-    for (const char* space : {"raw", "adobe", "srgb", "prophoto", "widegamut"}) {
-        const QString out = work.filePath(QString::fromLatin1(space));
-        const QString jobs = QLatin1String(space) == QLatin1String("raw") ? QStringLiteral("1") : QStringLiteral("2");
-        const process_result run = run_cli({QStringLiteral("-j"), jobs, QStringLiteral("-c"), QString::fromLatin1(space),
+    for (const colour_space each : all_colour_spaces) {
+        const QString space = colour_space_name(each);
+        const QString out = work.filePath(space);
+        const QString jobs = each == colour_space::raw ? QStringLiteral("1") : QStringLiteral("2");
+        const process_result run = run_cli({QStringLiteral("-j"), jobs, QStringLiteral("-c"), space,
                                             QStringLiteral("-o"), out, corpus},
                                            work.path());
         ASSERT_TRUE(run.finished);

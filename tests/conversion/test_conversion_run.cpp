@@ -34,11 +34,11 @@ struct conversion_bench : conversion_shell {
     }
     QStringList written() const { return QDir(out.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
     QByteArray style(const QString& name) const { return read_file(out.filePath(name)); }
-    conversion_result run(const QStringList& files, const QString& format = "separate")
+    conversion_result run(const QStringList& files, const QString& format = output_format_name(output_format::separate))
     {
         conversion_options options;
         options.format = parse_output_format(format).value_or(output_format::stylepack);
-        options.colour_space = QStringLiteral("raw");
+        options.colour_space = colour_space_name(colour_space::raw);
         return run_conversion(files, options, *this);
     }
     // The questions asked, as "<index of the preset>:<question>".

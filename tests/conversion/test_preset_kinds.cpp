@@ -75,7 +75,7 @@ TEST(preset_kinds, a_dng_gives_its_xmp_s_style_from_a_file_a_folder_and_an_archi
         recording_shell shell;
         shell.out = out.path();
         conversion_options options;
-        options.colour_space = QStringLiteral("srgb");
+        options.colour_space = colour_space_name(colour_space::srgb);
         const gathered_presets gathered = gather_presets({in.filePath(QString::fromLatin1(run.given))});
         const conversion_result result = run_conversion(gathered.presets, options, shell);
         EXPECT_EQ(result.converted, run.styles.size());

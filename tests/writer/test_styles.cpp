@@ -6,6 +6,7 @@
 #include "importer/lightroom_importer.h"
 #include "support/log_capture.h"
 #include "writer/carried_settings.h"
+#include "writer/colour_space.h"
 #include "writer/costyle_writer.h"
 
 #include <QDir>
@@ -16,7 +17,6 @@
 namespace {
 
 const QString data = QStringLiteral(STYLEWRIGHT_TEST_DATA_DIR);
-const char* const colour_spaces[] = {"raw", "adobe", "srgb", "prophoto", "widegamut"};
 
 const costyle_writer& writer()
 {
@@ -60,22 +60,23 @@ QStringList describe(const lightroom_importer& preset)
                           .arg(white_balance).arg(dehaze).arg(lut).arg(calibration),
                       QStringLiteral("leaves out: ")
                           + not_carried_over(preset, keys_a_conversion_reads(preset)).join(QStringLiteral(", "))};
-    const QStringList raw = entries(style_of(preset, QStringLiteral("raw")));
-    for (const char* space : colour_spaces) {
+    const QStringList raw = entries(style_of(preset, colour_space_name(colour_space::raw)));
+    for (const colour_space each : all_colour_spaces) {
+        const QString space = colour_space_name(each);
         const test_support::log_capture log;
-        const QStringList style = entries(style_of(preset, QLatin1String(space)));
+        const QStringList style = entries(style_of(preset, space));
         // Each other colour space lists what differs from raw, and what raw has alone.
         for (const QString& entry : style) {
-            if (space == colour_spaces[0] || !raw.contains(entry))
-                lines << QLatin1String(space) + QStringLiteral(": ") + entry;
+            if (each == colour_space::raw || !raw.contains(entry))
+                lines << space + QStringLiteral(": ") + entry;
         }
         for (const QString& entry : raw) {
             const QString key = entry.section(QLatin1Char('='), 0, 0) + QLatin1Char('=');
             if (std::none_of(style.begin(), style.end(), [&key](const QString& e) { return e.startsWith(key); }))
-                lines << QLatin1String(space) + QStringLiteral(": no ") + key.chopped(1);
+                lines << space + QStringLiteral(": no ") + key.chopped(1);
         }
         for (const QString& line : log.warnings() + log.of(QtCriticalMsg))
-            lines << QLatin1String(space) + QStringLiteral(" log: ") + line;
+            lines << space + QStringLiteral(" log: ") + line;
     }
     return lines;
 }
@@ -104,7 +105,7 @@ TEST(styles, every_preset_converts_as_recorded)
 TEST(styles, the_document_is_well_formed_escaped_and_new_each_time)
 {
     QString out = QStringLiteral("kept");
-    EXPECT_TRUE(writer().create_costyle(lightroom_importer(), out, QStringLiteral("raw")));
+    EXPECT_TRUE(writer().create_costyle(lightroom_importer(), out, colour_space_name(colour_space::raw)));
     EXPECT_EQ(masked(out), QStringLiteral("kept<?xml version=\"1.0\"?>\n<SL Engine=\"900\">\n    <E K=\"ColorCorrections\" "
                                           "V=\"1,1,2,2.36563158035278,-15.9744558334351,0,174,139,97,0,25,-42.1264381408691,"
                                           "25.6254768371582,25,0,0,0,0\"/>\n    <E K=\"Name\" V=\"\"/>\n"
@@ -112,10 +113,10 @@ TEST(styles, the_document_is_well_formed_escaped_and_new_each_time)
     lightroom_importer named;
     named.name = QStringLiteral("Rock & \"Roll\" <B/W> 'x'");
     QString document;
-    writer().create_costyle(named, document, QStringLiteral("raw"));
+    writer().create_costyle(named, document, colour_space_name(colour_space::raw));
     EXPECT_TRUE(document.contains(QStringLiteral("V=\"Rock &amp; &quot;Roll&quot; &lt;B/W&gt; 'x'\"")));
     QString again;
-    writer().create_costyle(named, again, QStringLiteral("raw"));
+    writer().create_costyle(named, again, colour_space_name(colour_space::raw));
     EXPECT_NE(document, again);
     EXPECT_EQ(masked(document), masked(again));
 
@@ -125,7 +126,7 @@ TEST(styles, the_document_is_well_formed_escaped_and_new_each_time)
                                      "Using Wide Gamut RGB colorspace (converting)"};
     for (int i = 0; i < 5; ++i) {
         const test_support::log_capture log;
-        style_of(named, QLatin1String(colour_spaces[i]));
+        style_of(named, colour_space_name(all_colour_spaces.at(std::size_t(i))));
         EXPECT_EQ(log.of(QtDebugMsg), QStringList{QLatin1String(announced[i])});
     }
     const test_support::log_capture log;
