@@ -20,8 +20,13 @@ source "$root/scripts/windows/toolchain.conf"
 "$root/scripts/windows/build_toolchain.sh"
 
 build="$root/build/windows"
+# The Linux converter of ./scripts/test.sh, when built, holds the Windows
+# styles of the move from Lightroom to its own.
+host_cli="$root/build/test/cli/stylewright-cli"
+[ -x "$host_cli" ] || host_cli=""
 cmake -S "$root" -B "$build" --toolchain "$root/cmake/mingw_w64_toolchain.cmake" \
-    -DSTYLEWRIGHT_MINGW_PREFIX="$mingw_prefix" -DCMAKE_BUILD_TYPE=Release -DSTYLEWRIGHT_BUILD_TESTS=ON
+    -DSTYLEWRIGHT_MINGW_PREFIX="$mingw_prefix" -DCMAKE_BUILD_TYPE=Release -DSTYLEWRIGHT_BUILD_TESTS=ON \
+    -DSTYLEWRIGHT_HOST_CLI="$host_cli"
 cmake --build "$build" --parallel "$(nproc)"
 
 status=0

@@ -1,15 +1,19 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# test_windows_installer.sh BUILD_DIR DATA_DIR CORPUS_DIR WINE_RUN TOOLCHAIN_PREFIX
+# test_windows_installer.sh BUILD_DIR DATA_DIR CORPUS_DIR WINE_RUN TOOLCHAIN_PREFIX [HOST_CLI]
 # Builds the NSIS installer of the cross build with CPack and checks it under
 # Wine, in a Wine folder of its own: /S installs it into Program Files with
 # its files, Start-menu entry and Apps & features entry; the installed
 # converter writes every corpus style as recorded (UUID aside); the installed
-# window program starts and stays up; /S on the uninstaller removes every
+# window program starts and stays up; the move from Lightroom finds the Wine
+# user's AppData folders and puts every style into its group's folder in
+# Capture One's Styles50, with the bytes the build machine's converter
+# (HOST_CLI, when given) writes for the same preset, and a second run writes
+# each over; /S on the uninstaller removes every
 # installed file and both entries again.
 # Exits 77 (skipped) when a tool is missing.
 set -euo pipefail
-build_dir="$1" data_dir="$2" corpus_dir="$3" wine_run="$4" toolchain_prefix="$5"
+build_dir="$1" data_dir="$2" corpus_dir="$3" wine_run="$4" toolchain_prefix="$5" host_cli="${6:-}"
 skip() { echo "SKIP: $*"; exit 77; }
 fail() { echo "FAIL: $*"; exit 1; }
 command -v cpack >/dev/null || skip "cpack is not installed"
@@ -60,6 +64,43 @@ if [ -d "$corpus_dir" ]; then
     diff -u "$work/recorded" "$work/digests" || fail "the installed converter's styles differ from the record"
     echo "$(wc -l <"$work/digests") corpus styles as recorded"
 fi
+
+# The move. Windows names the user's folders; Wine keeps them below drive_c.
+windows_folder() {
+    run cmd /c echo "%$1%" | tr -d '\r' | sed -e "s|^[Cc]:|$drive_c|" -e 's|\\|/|g'
+}
+roaming="$(windows_folder APPDATA)"
+local_data="$(windows_folder LOCALAPPDATA)"
+[ -d "$roaming" ] && [ -d "$local_data" ] || fail "the Wine user's AppData folders: '$roaming', '$local_data'"
+mkdir -p "$roaming/Adobe/Lightroom" "$local_data/CaptureOne/Styles50"
+cp -r "$data_dir/move/CameraRaw" "$roaming/Adobe/"
+cp -r "$data_dir/move/Develop Presets" "$roaming/Adobe/Lightroom/"
+styles="$local_data/CaptureOne/Styles50"
+mkdir -p "$work/move"
+(cd "$work/move" && run "$cli" --from-lightroom --to-capture-one -v) >"$work/move.log" 2>&1 \
+    || { cat "$work/move.log"; fail "the move ended with an error"; }
+(cd "$styles" && find . -type f | sed 's|^\./||' | LC_ALL=C sort) >"$work/moved"
+diff -u "$data_dir/move_styles" "$work/moved" || fail "the styles are not in their groups' folders"
+grep -q 'Mono.xmp is a Lightroom profile' "$work/move.log" || fail "the profile was not named: $(cat "$work/move.log")"
+grep -q 'Restart Capture One to see the new styles.' "$work/move.log" || fail "no restart line"
+if [ -n "$host_cli" ] && [ -x "$host_cli" ]; then
+    # The same preset converted on the build machine into a plain folder.
+    while IFS= read -r style; do
+        name="$(basename "$style" .costyle)"
+        preset="$(find "$data_dir/move" -type f -name "$name.*" | head -n 1)"
+        rm -rf "$work/host" && mkdir -p "$work/host"
+        "$host_cli" -q -o "$work/host" "$preset" || true
+        cmp <(sed 's/<E K="UUID"[^>]*>//' "$work/host/$name.costyle") <(sed 's/<E K="UUID"[^>]*>//' "$styles/$style") \
+            || fail "$style differs from the build machine's style of $preset"
+    done <"$data_dir/move_styles"
+fi
+(cd "$work/move" && run "$cli" --from-lightroom --to-capture-one -v) >"$work/move_again.log" 2>&1 \
+    || { cat "$work/move_again.log"; fail "the second move ended with an error"; }
+[ "$(grep -c 'written over an earlier file' "$work/move_again.log")" = "$(wc -l <"$data_dir/move_styles")" ] \
+    || fail "the second move did not write each style over: $(cat "$work/move_again.log")"
+(cd "$styles" && find . -type f | sed 's|^\./||' | LC_ALL=C sort) | diff -u "$data_dir/move_styles" - \
+    || fail "the second move made copies"
+echo "$(wc -l <"$data_dir/move_styles") styles moved into their groups, and written over again"
 
 # The window program, started as a user starts it from the Start menu, must
 # open its window: under Xvfb, Wine's X11 driver shows it as an X window
