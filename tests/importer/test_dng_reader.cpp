@@ -183,30 +183,3 @@ TEST(dng_reader, damaged_dngs_end_with_a_reason)
             EXPECT_TRUE(got.split(QLatin1Char('\n')).contains(c.outcome)) << got.toStdString();
     }
 }
-
-TEST(dng_reader, profile_type_and_group_come_from_the_top_level_only)
-{
-    const QByteArray profile =
-        "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
-        "<rdf:Description xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\" crs:PresetType=\"Look\" "
-        "crs:Amount=\"1\"><crs:Group><rdf:Alt><rdf:li xml:lang=\"de\">Filme</rdf:li>"
-        "<rdf:li xml:lang=\"x-default\">  Films  </rdf:li></rdf:Alt></crs:Group>"
-        "<crs:Look><rdf:Description crs:Name=\"Inner\" crs:Group=\"Not this\"/></crs:Look>"
-        "</rdf:Description></rdf:RDF></x:xmpmeta>";
-    lightroom_importer record;
-    record.read_dng_data(dng::make(profile));
-    EXPECT_EQ(record.extras.preset_type, QStringLiteral("Look"));
-    EXPECT_EQ(record.extras.group, QStringLiteral("Films"));
-    EXPECT_TRUE(is_lightroom_profile(record.extras));
-
-    // Without an x-default text the first that is not empty; as an element too.
-    lightroom_importer grouped;
-    grouped.read_xmp_data(
-        "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
-        "<rdf:Description xmlns:crs=\"http://ns.adobe.com/camera-raw-settings/1.0/\" crs:Exposure2012=\"1\">"
-        "<crs:PresetType>Normal</crs:PresetType><crs:Group><rdf:Alt><rdf:li xml:lang=\"en\"> </rdf:li>"
-        "<rdf:li xml:lang=\"fr\">Portraits</rdf:li></rdf:Alt></crs:Group></rdf:Description></rdf:RDF></x:xmpmeta>");
-    EXPECT_EQ(grouped.extras.preset_type, QStringLiteral("Normal"));
-    EXPECT_EQ(grouped.extras.group, QStringLiteral("Portraits"));
-    EXPECT_FALSE(is_lightroom_profile(grouped.extras));
-}

@@ -2,7 +2,8 @@
 // Every reader over a folder of small inputs, good, odd and broken: what each makes of a file (its
 // tokens, or the record with its extras, or the message it throws) and what it logs, written out as
 // text that must read as data/readers.golden. The input's suffix picks the reader: .tokens the
-// tokenizer, .nested and .dotted the two template readers, .lrtemplate and .xmp the file readers.
+// tokenizer, .nested and .dotted the two template readers, .lrtemplate, .xmp and .dng the file
+// readers.
 #include "support/golden.h"
 #include "importer/lightroom_importer.h"
 #include "importer/lua_tokenizer.h"
@@ -45,7 +46,8 @@ QStringList record_lines(const lightroom_importer& record)
         {"master", points(record.tone_curve)},      {"red", points(record.tone_curve_red)},
         {"green", points(record.tone_curve_green)}, {"blue", points(record.tone_curve_blue)},
         {"name", record.name},                      {"description", record.description},
-        {"look", record.extras.look},               {"white balance", named_white_balance(record.settings)}};
+        {"look", record.extras.look},               {"white balance", named_white_balance(record.settings)},
+        {"preset type", record.extras.preset_type}, {"group", record.extras.group}};
     for (const auto& [label, text] : fields) {
         if (!text.isEmpty())
             lines << QLatin1String(label) + QStringLiteral(": ") + shown(text);
@@ -85,6 +87,8 @@ QStringList read_one(const QFileInfo& file)
                 record.read_dot_notation_lrpreset(text);
             else if (kind == QLatin1String("lrtemplate"))
                 record.read_lrpreset(file.filePath());
+            else if (kind == QLatin1String("dng"))
+                record.read_dng(file.filePath());
             else
                 record.read_xmp(file.filePath());
         } catch (const std::runtime_error& e) {
