@@ -4,6 +4,7 @@
 // message.
 #include "cli_runner.h"
 #include "support/conversion_fixtures.h"
+#include "support/dng_writer.h"
 #include "support/golden.h"
 #include "support/test_support.h"
 #include "writer/colour_space.h"
@@ -103,4 +104,51 @@ TEST(corpus_golden, every_style_report_and_message_is_as_recorded)
     EXPECT_GT(lines.size(), 500);
     test_support::expect_golden(golden_path, lines.join(QLatin1Char('\n')));
     work.setAutoRemove(!::testing::Test::HasFailure());
+}
+
+// Every corpus XMP preset sold as a DNG gives the XMP's own style, from a
+// file, a folder and a zip archive: its name where the XMP has one, else
+// the DNG's file name.
+TEST(corpus_golden, every_xmp_preset_as_a_dng_gives_the_xmp_s_style)
+{
+    const QString corpus = test_support::corpus_dir();
+    if (corpus.isEmpty())
+        GTEST_SKIP() << "corpus folder absent";
+    QTemporaryDir work;
+    QMap<QString, QByteArray> dngs;
+    int form = 0;
+    for (QDirIterator it(corpus + QStringLiteral("/xmp"), {QStringLiteral("*.xmp")}, QDir::Files); it.hasNext();) {
+        const QString xmp = it.next();
+        const dng::options forms[] = {{dng::byte_order::little, dng::packet_type::byte, true, false},
+                                      {dng::byte_order::big, dng::packet_type::undefined, false, false}};
+        dngs.insert(QFileInfo(xmp).completeBaseName() + QStringLiteral(".dng"),
+                    dng::make(fixtures::read_file(xmp), forms[form++ % 2]));
+    }
+    for (auto it = dngs.cbegin(); it != dngs.cend(); ++it)
+        fixtures::write_file(work.filePath(QStringLiteral("dng")), it.key(), it.value());
+    fixtures::make_zip(work.filePath(QStringLiteral("Presets.zip")), dngs);
+    const QStringList first_dng = {work.filePath(QStringLiteral("dng/") + dngs.firstKey())};
+    const QRegularExpression uuid(QStringLiteral("<E K=\"UUID\"[^>]*>"));
+    const auto styles_of = [&](const QStringList& given, const QString& out) {
+        run_cli(QStringList{QStringLiteral("-o"), out} + given, work.path());
+        QMap<QString, QString> styles;
+        for (QDirIterator it(out, QDir::Files); it.hasNext();) {
+            const QString path = it.next();
+            styles.insert(QFileInfo(path).fileName(), QString::fromUtf8(fixtures::read_file(path)).remove(uuid));
+        }
+        return styles;
+    };
+    const QMap<QString, QString> from_xmp = styles_of({corpus + QStringLiteral("/xmp")}, work.filePath(QStringLiteral("x")));
+    const QMap<QString, QString> from_folder = styles_of({work.filePath(QStringLiteral("dng"))}, work.filePath(QStringLiteral("f")));
+    const QMap<QString, QString> from_zip = styles_of({work.filePath(QStringLiteral("Presets.zip"))}, work.filePath(QStringLiteral("z")));
+    const QMap<QString, QString> from_file = styles_of(first_dng, work.filePath(QStringLiteral("one")));
+    ASSERT_GT(from_folder.size(), 30);
+    EXPECT_EQ(from_folder, from_zip);
+    EXPECT_EQ(from_file.first(), from_folder.value(from_file.firstKey()));
+    for (auto it = from_folder.cbegin(); it != from_folder.cend(); ++it) {
+        QString expected = from_xmp.value(it.key());
+        expected.replace(QStringLiteral("<E K=\"Name\" V=\"\"/>"),
+                         QStringLiteral("<E K=\"Name\" V=\"%1\"/>").arg(QFileInfo(it.key()).completeBaseName()));
+        EXPECT_EQ(it.value(), expected) << it.key().toStdString();
+    }
 }
