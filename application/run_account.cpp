@@ -54,8 +54,9 @@ QString outcome_cell(const preset_outcome& outcome)
 {
     switch (outcome.kind) {
     case outcome_kind::converted:
-        return (outcome.in_pack ? QCoreApplication::translate("run_account", "in the pack as %1")
-                                : QCoreApplication::translate("run_account", "written as %1"))
+        return (outcome.in_pack        ? QCoreApplication::translate("run_account", "in the pack as %1")
+                : outcome.written_over ? QCoreApplication::translate("run_account", "written as %1 over an earlier file")
+                                       : QCoreApplication::translate("run_account", "written as %1"))
             .arg(QDir::toNativeSeparators(QFileInfo(outcome.target).fileName()));
     case outcome_kind::skipped:
     case outcome_kind::failed:

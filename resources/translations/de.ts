@@ -607,5 +607,9 @@
         <source>Show Details</source>
         <translation>Details zeigen</translation>
     </message>
+    <message>
+        <source>written as %1 over an earlier file</source>
+        <translation>geschrieben als %1 über eine frühere Datei</translation>
+    </message>
 </context>
 </TS>
