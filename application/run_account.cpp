@@ -219,27 +219,7 @@ void run_account::fill(QTreeWidgetItem& item, const preset_outcome& outcome)
 
 void run_account::show_counts_so_far()
 {
-    outcome_counts counts;
-    for (const preset_outcome& outcome : outcomes_) {
-        switch (outcome.kind) {
-        case outcome_kind::converted:
-            ++counts.converted;
-            break;
-        case outcome_kind::skipped:
-            ++counts.skipped;
-            break;
-        case outcome_kind::failed:
-            ++counts.failed;
-            break;
-        case outcome_kind::lost:
-            ++counts.lost;
-            break;
-        case outcome_kind::not_saved:
-            ++counts.not_saved;
-            break;
-        }
-    }
-    summary_label_->setText(conversion_messages::summary_line(counts));
+    summary_label_->setText(conversion_messages::summary_line(counts_of(outcomes_)));
 }
 
 void run_account::show_run(const outcome_counts& counts, const QString& folder)

@@ -118,24 +118,14 @@ private:
         archive_preset preset{name, data, QString()};
         if (dng)
             keep_packet_only(preset);
-        if (nested) {
-            // Held whole until it is read; it counts like a preset.
-            if (total_ + preset.data.size() > limits_.max_total_size) {
-                over_total_ = true;
-                refuse(contents, name, archive_problem::total_too_large);
-                return;
-            }
-            total_ += preset.data.size();
-            contents.archives.append(std::move(preset));
-            return;
-        }
         if (total_ + preset.data.size() > limits_.max_total_size) {
             over_total_ = true;
             refuse(contents, name, archive_problem::total_too_large);
             return;
         }
         total_ += preset.data.size();
-        contents.presets.append(std::move(preset));
+        // An archive inside is held whole until it is read; it counts like a preset.
+        (nested ? contents.archives : contents.presets).append(std::move(preset));
     }
 
     // A DNG preset's photo is dropped as soon as its packet is out.

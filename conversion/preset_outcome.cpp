@@ -6,6 +6,31 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+outcome_counts counts_of(const QVector<preset_outcome>& outcomes)
+{
+    outcome_counts counts;
+    for (const preset_outcome& outcome : outcomes) {
+        switch (outcome.kind) {
+        case outcome_kind::converted:
+            ++counts.converted;
+            break;
+        case outcome_kind::skipped:
+            ++counts.skipped;
+            break;
+        case outcome_kind::failed:
+            ++counts.failed;
+            break;
+        case outcome_kind::lost:
+            ++counts.lost;
+            break;
+        case outcome_kind::not_saved:
+            ++counts.not_saved;
+            break;
+        }
+    }
+    return counts;
+}
+
 // Translated in the main window's context, like the run's other messages.
 
 namespace conversion_messages {

@@ -6,6 +6,7 @@
 #include "writer/loss_groups.h"
 
 #include <QString>
+#include <QVector>
 
 enum class outcome_kind {
     converted,
@@ -65,6 +66,9 @@ struct outcome_counts {
     int lost = 0;
     int not_saved = 0;
 };
+
+// The counts of these outcomes.
+outcome_counts counts_of(const QVector<preset_outcome>& outcomes);
 
 namespace conversion_messages {
 
