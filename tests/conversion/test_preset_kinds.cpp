@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Presets in the forms they are sold in: a DNG preset gives its XMP's style
-// from a file, a folder and an archive; a profile writes no style; the same
-// look reached twice under different names is written once.
+// What became of every preset's style, in one table of runs: profiles,
+// the same look from two folders, names taken twice, files from before the
+// run, archives in folders and in archives, packs not saved.
 #include "conversion/conversion_run.h"
 #include "conversion/preset_source.h"
 #include "conversion/preset_outcome.h"
@@ -34,10 +34,6 @@ struct recording_shell : conversion_shell {
     QStringList lines;
 };
 
-QByteArray without_uuid(const QByteArray& style)
-{
-    return QString::fromUtf8(style).remove(QRegularExpression(QStringLiteral("<E K=\"UUID\"[^>]*>"))).toUtf8();
-}
 
 const QByteArray profile_xmp =
     "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">"
@@ -47,55 +43,6 @@ const QByteArray profile_xmp =
     "</rdf:Description></rdf:RDF></x:xmpmeta>";
 
 } // namespace
-
-TEST(preset_kinds, a_dng_gives_its_xmp_s_style_from_a_file_a_folder_and_an_archive)
-{
-    QTemporaryDir in;
-    const QByteArray warm = preset_text("Warm.xmp", "Warm", flagged("colourful"));
-    QByteArray nameless = preset_text("x.xmp", "", flagged());
-    nameless.replace("<crs:Name><rdf:Alt><rdf:li xml:lang=\"x-default\"></rdf:li></rdf:Alt></crs:Name>\n", "");
-    const QString warm_xmp = write_file(in.path(), "xmp/Warm.xmp", warm);
-    write_file(in.path(), "xmp/Plain.xmp", nameless);
-    write_file(in.path(), "file/Warm.DNG", dng::make(warm, {dng::byte_order::big, dng::packet_type::undefined, true, false}));
-    write_file(in.path(), "folder/deep/Warm.dng", dng::make(warm));
-    write_file(in.path(), "folder/Plain.dng", dng::make(nameless, {dng::byte_order::little, dng::packet_type::byte, false, false}));
-    make_zip(in.filePath("Pack.zip"), {{"Looks/Warm.dng", dng::make(warm)}, {"Plain.dng", dng::make(nameless)}});
-
-    const struct {
-        const char* given;
-        QStringList styles;
-    } runs[] = {{"xmp", {"Plain.costyle", "Warm.costyle"}},
-                {"file/Warm.DNG", {"Warm.costyle"}},
-                {"folder", {"Plain.costyle", "deep/Warm.costyle"}},
-                {"Pack.zip", {"Looks/Warm.costyle", "Plain.costyle"}}};
-    QMap<QString, QByteArray> styles_of_xmp;
-    for (const auto& run : runs) {
-        SCOPED_TRACE(run.given);
-        QTemporaryDir out;
-        recording_shell shell;
-        shell.out = out.path();
-        conversion_options options;
-        options.colour_space = colour_space_name(colour_space::srgb);
-        const gathered_presets gathered = gather_presets({in.filePath(QString::fromLatin1(run.given))});
-        const conversion_result result = run_conversion(gathered.presets, options, shell);
-        EXPECT_EQ(result.converted, run.styles.size());
-        QStringList written;
-        for (QDirIterator it(out.path(), QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
-            written << QDir(out.path()).relativeFilePath(it.next());
-        written.sort();
-        EXPECT_EQ(written, run.styles);
-        for (const QString& style : written) {
-            const QString name = QFileInfo(style).fileName();
-            const QByteArray bytes = without_uuid(read_file(out.filePath(style)));
-            // The XMP without a name gives an empty one; its DNG the file's name.
-            if (QLatin1String(run.given) == QLatin1String("xmp"))
-                styles_of_xmp.insert(name, QByteArray(bytes).replace("K=\"Name\" V=\"\"", "K=\"Name\" V=\"Plain\""));
-            else
-                EXPECT_EQ(bytes, styles_of_xmp.value(name)) << style.toStdString();
-        }
-    }
-    EXPECT_EQ(styles_of_xmp.size(), 2);
-}
 
 TEST(preset_kinds, every_preset_s_style_is_accounted_for)
 {
