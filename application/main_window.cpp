@@ -188,6 +188,8 @@ void MainWindow::setup_layout()
     open_button->setAccessibleDescription(tr("Its context menu chooses Capture One's styles folder."));
     for (vel::dark_button* button : {convert_button, open_button})
         button->setContextMenuPolicy(Qt::CustomContextMenu);
+    convert_button->setObjectName(QStringLiteral("convert_button"));
+    open_button->setObjectName(QStringLiteral("output_folder_button"));
     connect(convert_button, &QWidget::customContextMenuRequested, this, &MainWindow::show_convert_menu);
     connect(open_button, &QWidget::customContextMenuRequested, this, &MainWindow::show_output_folder_menu);
 
@@ -273,6 +275,12 @@ void show_one_entry_menu(QWidget* button, const QPoint& where, const QString& te
 {
     QMenu menu(button);
     menu.setToolTipsVisible(true);
+    // Dark like the window; a greyed entry must read as greyed at a glance.
+    menu.setStyleSheet(QStringLiteral("QMenu{background-color:rgb(37,37,37);color:rgb(198,213,210);"
+                                      "border:1px solid rgb(20,20,20);padding:3px;}"
+                                      "QMenu::item{padding:4px 18px;}"
+                                      "QMenu::item:selected{background-color:rgb(74,110,150);color:white;}"
+                                      "QMenu::item:disabled{color:rgb(112,118,118);}"));
     QAction* entry = menu.addAction(text);
     entry->setEnabled(usable);
     if (!usable)

@@ -23,6 +23,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QHelpEvent>
@@ -96,6 +97,23 @@ void shoot_tool_tip(QWidget* widget, const QString& folder, const QString& name)
 
 } // namespace
 
+// A button's context menu as the menu key opens it, alone and on the screen.
+void shoot_context_menu(QWidget* button, const QString& folder, const QString& name)
+{
+    if (!button)
+        return;
+    QTimer::singleShot(400, [&folder, &name] {
+        if (QWidget* menu = QApplication::activePopupWidget()) {
+            save(menu, folder, name);
+            if (QScreen* screen = QApplication::primaryScreen())
+                screen->grabWindow(0).save(folder + QLatin1Char('/') + name + QStringLiteral("_screen.png"));
+            menu->close();
+        }
+    });
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5));
+    QApplication::sendEvent(button, &event);
+}
+
 int main(int argc, char** argv)
 {
     if (argc != 3) {
@@ -142,6 +160,12 @@ int main(int argc, char** argv)
         }
     }
     save(&window, folder, QStringLiteral("main_hover_") + language);
+
+    // The two context menus of the move from Lightroom.
+    shoot_context_menu(window.findChild<QWidget*>(QStringLiteral("convert_button")), folder,
+                       QStringLiteral("convert_menu_") + language);
+    shoot_context_menu(window.findChild<QWidget*>(QStringLiteral("output_folder_button")), folder,
+                       QStringLiteral("folder_menu_") + language);
 
     // Shortcuts need an active window; without a window manager nothing activates one.
     window.activateWindow();
