@@ -783,18 +783,20 @@ void test_window::context_menus_lead_to_lightroom_and_capture_one()
     // Nothing found: both entries greyed, each saying where it looked.
     make_window_with(mac);
     find_buttons();
-    const QString support = QDir::toNativeSeparators(home + QStringLiteral("/Library/Application Support"));
+    const auto shown = [&home](const char* below) {
+        return QDir::toNativeSeparators(home + QStringLiteral("/Library/Application Support") + QLatin1String(below));
+    };
     QVector<menu_entry> offered = open_context_menu(convert);
     QCOMPARE(offered.size(), 1);
     QCOMPARE(offered[0].text, QStringLiteral("Convert Lightroom's presets"));
     QVERIFY(!offered[0].enabled);
-    QCOMPARE(offered[0].tip, QStringLiteral("Not found: %1/Adobe/CameraRaw/Settings, %1/Adobe/Lightroom/Develop Presets")
-                                 .arg(support));
+    QCOMPARE(offered[0].tip, QStringLiteral("Not found: %1, %2")
+                                 .arg(shown("/Adobe/CameraRaw/Settings"), shown("/Adobe/Lightroom/Develop Presets")));
     offered = open_context_menu(folder);
     QCOMPARE(offered.size(), 1);
     QCOMPARE(offered[0].text, QStringLiteral("Capture One's styles folder"));
     QVERIFY(!offered[0].enabled);
-    QCOMPARE(offered[0].tip, QStringLiteral("Not found: %1/Capture One/Styles").arg(support));
+    QCOMPARE(offered[0].tip, QStringLiteral("Not found: %1").arg(shown("/Capture One/Styles")));
     make_window_with(editor_folders_for(folder_layout::none, {}));
     find_buttons();
     QCOMPARE(open_context_menu(convert).value(0).tip,

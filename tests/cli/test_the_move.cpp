@@ -118,6 +118,8 @@ TEST(the_move, refuses_what_it_cannot_find_and_writes_nothing)
     const editor_folders mac = editor_folders_for(folder_layout::macos, {home.path(), QString(), QString()});
     const editor_folders none = editor_folders_for(folder_layout::none, {});
     const QString support = home.path() + QStringLiteral("/Library/Application Support");
+    // As the converter prints paths: with the system's separators.
+    const auto shown = [&support](const char* below) { return QDir::toNativeSeparators(support + QLatin1String(below)); };
     const struct {
         const char* rule;
         QStringList arguments;
@@ -133,11 +135,11 @@ TEST(the_move, refuses_what_it_cannot_find_and_writes_nothing)
          "Error: --to-capture-one: Lightroom's and Capture One's folders are looked for only on macOS and Windows, "
          "where the two programs run."},
         {"neither Lightroom folder", {"--from-lightroom"}, &mac, {}, 1,
-         "Error: --from-lightroom: none of Lightroom's preset folders exists (looked for " + support +
-             "/Adobe/CameraRaw/Settings and " + support + "/Adobe/Lightroom/Develop Presets)."},
+         "Error: --from-lightroom: none of Lightroom's preset folders exists (looked for " +
+             shown("/Adobe/CameraRaw/Settings") + " and " + shown("/Adobe/Lightroom/Develop Presets") + ")."},
         {"no styles folder", {"--from-lightroom", "--to-capture-one"}, &mac, {"Adobe/CameraRaw/Settings"}, 1,
-         "Error: --to-capture-one: Capture One's styles folder " + support +
-             "/Capture One/Styles does not exist; start Capture One once to make it."},
+         "Error: --to-capture-one: Capture One's styles folder " + shown("/Capture One/Styles") +
+             " does not exist; start Capture One once to make it."},
         {"with a pack", {"--to-capture-one", "-p", "x.costylepack", "in.xmp"}, &mac, {}, 2,
          "stylewright-cli: --to-capture-one writes separate styles into Capture One's styles folder; it can't be "
          "used with --pack. Try 'stylewright-cli --help'."},
