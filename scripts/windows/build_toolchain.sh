@@ -57,41 +57,29 @@ toolchain_file="$root/cmake/mingw_w64_toolchain.cmake"
 cmake_cross=(-DCMAKE_TOOLCHAIN_FILE="$toolchain_file" -DSTYLEWRIGHT_MINGW_PREFIX="$mingw_prefix"
              -DCMAKE_INSTALL_PREFIX="$mingw_prefix" -DCMAKE_BUILD_TYPE=Release)
 
-# libzip
-stamp="libzip-$libzip_version-r$toolchain_revision"
-if ! built "$stamp"; then
-    echo "=== libzip $libzip_version"
-    src="$(unpack_source "$libzip_source" "$libzip_version")"
-    rm -rf "$mingw_cache/build/libzip"
-    cmake -S "$src" -B "$mingw_cache/build/libzip" "${cmake_cross[@]}" "${libzip_options[@]}" >/dev/null
-    cmake --build "$mingw_cache/build/libzip" --parallel "$jobs"
-    cmake --install "$mingw_cache/build/libzip" >/dev/null
+# build_with_cmake NAME TITLE SOURCE VERSION REVISION OPTION...: a library
+# built with CMake from its Debian source package and installed into the
+# prefix, once per version, revision and options.
+build_with_cmake() {
+    local name="$1" title="$2" source="$3" version="$4" revision="$5"
+    shift 5
+    local stamp="$name-$version-r$revision"
+    built "$stamp" && return
+    echo "=== $title $version"
+    local src
+    src="$(unpack_source "$source" "$version")"
+    rm -rf "$mingw_cache/build/$name"
+    cmake -S "$src" -B "$mingw_cache/build/$name" "${cmake_cross[@]}" "$@" >/dev/null
+    cmake --build "$mingw_cache/build/$name" --parallel "$jobs"
+    cmake --install "$mingw_cache/build/$name" >/dev/null
     touch "$stamp_dir/$stamp"
-fi
+}
 
-# libtiff
-stamp="libtiff-$libtiff_version-r$libtiff_revision"
-if ! built "$stamp"; then
-    echo "=== libtiff $libtiff_version"
-    src="$(unpack_source "$libtiff_source" "$libtiff_version")"
-    rm -rf "$mingw_cache/build/libtiff"
-    cmake -S "$src" -B "$mingw_cache/build/libtiff" "${cmake_cross[@]}" "${libtiff_options[@]}" >/dev/null
-    cmake --build "$mingw_cache/build/libtiff" --parallel "$jobs"
-    cmake --install "$mingw_cache/build/libtiff" >/dev/null
-    touch "$stamp_dir/$stamp"
-fi
-
-# GoogleTest
-stamp="googletest-$googletest_version-r$toolchain_revision"
-if ! built "$stamp"; then
-    echo "=== GoogleTest $googletest_version"
-    src="$(unpack_source "$googletest_source" "$googletest_version")"
-    rm -rf "$mingw_cache/build/googletest"
-    cmake -S "$src" -B "$mingw_cache/build/googletest" "${cmake_cross[@]}" "${googletest_options[@]}" >/dev/null
-    cmake --build "$mingw_cache/build/googletest" --parallel "$jobs"
-    cmake --install "$mingw_cache/build/googletest" >/dev/null
-    touch "$stamp_dir/$stamp"
-fi
+build_with_cmake libzip libzip "$libzip_source" "$libzip_version" "$toolchain_revision" "${libzip_options[@]}"
+# libtiff has a revision of its own: adding it rebuilt nothing else.
+build_with_cmake libtiff libtiff "$libtiff_source" "$libtiff_version" "$libtiff_revision" "${libtiff_options[@]}"
+build_with_cmake googletest GoogleTest "$googletest_source" "$googletest_version" "$toolchain_revision" \
+    "${googletest_options[@]}"
 
 # qtbase
 stamp="qtbase-$qtbase_version-r$toolchain_revision"
