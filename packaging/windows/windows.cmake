@@ -96,7 +96,11 @@ foreach(dll libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll zlib1.dll lib
 endforeach()
 # libtiff, for DNG presets: the DLL of the imported library found (libtiff.dll
 # from the cross toolchain, libtiff-6.dll from MSYS2).
-get_filename_component(tiff_library_folder "${TIFF_LIBRARY_RELEASE}${TIFF_LIBRARY}" DIRECTORY)
+set(tiff_import_library "${TIFF_LIBRARY_RELEASE}")
+if(NOT tiff_import_library)
+    set(tiff_import_library "${TIFF_LIBRARY}")
+endif()
+get_filename_component(tiff_library_folder "${tiff_import_library}" DIRECTORY)
 file(GLOB tiff_dll "${tiff_library_folder}/../bin/libtiff*.dll")
 if(NOT tiff_dll)
     message(FATAL_ERROR "libtiff's DLL, which the programs need on Windows, was not found beside ${tiff_library_folder}.")
