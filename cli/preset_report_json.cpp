@@ -88,13 +88,13 @@ QByteArray preset_json(const QString& path, const lightroom_importer& record)
     for (auto it = record.settings.cbegin(); it != record.settings.cend(); ++it)
         json.key(it.key()).value(it.value());
     json.end_object();
-    // A profile is said as a run would say it; develop presets carry no such key.
+    // A profile is said as a run's account says it, beside its "file";
+    // develop presets carry no such key.
     if (is_lightroom_profile(record.extras)) {
         preset_outcome profile;
         profile.kind = outcome_kind::skipped;
         profile.skipped_as = skip_reason::profile;
-        profile.file = path;
-        json.key(QStringLiteral("skipped")).value(conversion_messages::skip_line(profile));
+        json.key(QStringLiteral("skipped")).value(conversion_messages::outcome_line(profile));
     }
     json.end_object();
     return json.text();
