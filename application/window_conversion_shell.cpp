@@ -86,13 +86,14 @@ void window_conversion_shell::report_failure(const conversion_failure& failure)
         vel::message_box::critical(window_, failure.title, failure.text, QMessageBox::Ok, QMessageBox::Ok);
         break;
     case failure_kind::conversion_failed:
-    case failure_kind::no_develop_settings:
         show_current_preset();
         vel::message_box::warning(window_, failure.title, failure.text, QMessageBox::Ok, QMessageBox::Ok);
         break;
+    case failure_kind::no_develop_settings:
     case failure_kind::write_failed:
         // The window never stops a run with a box for a style it could not
-        // write; the reason goes to the log window rather than being lost.
+        // write, nor for each photo of a folder of DNGs; the reason goes to
+        // the account's row and the log window rather than being lost.
         qWarning().noquote() << failure.title + QStringLiteral(": ") + failure.plain;
         break;
     }

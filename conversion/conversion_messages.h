@@ -30,7 +30,7 @@ enum class failure_kind {
     unreadable_preset,  // a reader or the writer threw (critical box)
     conversion_failed,  // create_costyle reported failure (warning box)
     write_failed,       // the style file could not be written (the window stays silent)
-    no_develop_settings // a DNG without develop settings: a photo, not a preset (warning box)
+    no_develop_settings // a DNG without develop settings: a photo, not a preset (the window stays silent)
 };
 
 // Button labels of a question box, translated once per run.
