@@ -6,6 +6,7 @@
 #include "support/modal_answer.h"
 #include "support/url_catcher.h"
 #include "support/conversion_fixtures.h"
+#include "support/dng_writer.h"
 
 #include "application/dialog_settings.h"
 #include "application/main_window.h"
@@ -71,6 +72,8 @@ const QMap<QString, QByteArray>& presets()
 {
     static const QMap<QString, QByteArray> all = {
         {QStringLiteral("plain.xmp"), xmp(QStringLiteral("Plain"))},
+        {QStringLiteral("Mobile.dng"), dng::make(xmp(QStringLiteral("Mobile")))},
+        {QStringLiteral("photo.dng"), dng::make(QByteArray(), {dng::byte_order::big, dng::packet_type::byte, true, true})},
         {QStringLiteral("a.xmp"), xmp(QStringLiteral("A from XMP"))},
         {QStringLiteral("b.xmp"), xmp(QStringLiteral("B"))},
         {QStringLiteral("My.Look.xmp"), xmp(QStringLiteral("My Look"))},
@@ -509,6 +512,12 @@ void test_window::a_run_writes_what_the_answers_allow_data()
                        "IN/notes.txt: failed: Unsupported preset format",
                        "IN/broken.lrtemplate: failed: Can't read preset: Unexpected token type found. Expected token_type::comma, got token_type::rbrace",
                        "Plain – IN/plain.xmp: converted into OUT/plain.costyle"};
+    QTest::newRow("a DNG preset converts; a DNG photo opens no box, its row says why")
+        << separate << QString() << QStringList{"Mobile.dng", "photo.dng"} << answers{} << QString() << none
+        << QStringList{"Mobile.costyle"}
+        << QStringList{"1 converted, 0 skipped, 1 failed",
+                       "Mobile – IN/Mobile.dng: converted into OUT/Mobile.costyle",
+                       "IN/photo.dng: failed: Not a DNG preset: it holds no develop settings"};
     QTest::newRow("a missing output folder is made with its parents")
         << separate << "gone/deeper" << QStringList{"a.xmp"} << answers{} << QString() << none << QStringList{"a.costyle"}
         << QStringList{"1 converted, 0 skipped, 0 failed",
