@@ -44,31 +44,40 @@ void note_skipped_element(preset_extras& extras, QXmlStreamReader& reader)
     extras.note_local_adjustments(element, items);
 }
 
-// A preset's group, a language alternative like its name: the "x-default"
-// text, else the first that is not empty, trimmed. The reader stands on the
-// crs:Group element and leaves it consumed.
-QString group_text(QXmlStreamReader& reader)
+// Hands each child of the rdf:Alt elements of a language alternative to
+// read, which consumes it; other children are skipped. The reader stands on
+// the alternative's element (crs:Name, crs:Group) and leaves it consumed.
+template <typename read_item>
+void read_alternatives(QXmlStreamReader& reader, read_item read)
 {
-    QString first;
-    QString by_default;
     while (reader.readNextStartElement()) {
         if (reader.name() != QLatin1String("Alt")) {
             reader.skipCurrentElement();
             continue;
         }
-        while (reader.readNextStartElement()) {
-            if (reader.name() != QLatin1String("li")) {
-                reader.skipCurrentElement();
-                continue;
-            }
-            const bool is_default = reader.attributes().value(QLatin1String("xml:lang")) == QLatin1String("x-default");
-            const QString text = reader.readElementText(QXmlStreamReader::IncludeChildElements).trimmed();
-            if (is_default && by_default.isEmpty())
-                by_default = text;
-            if (first.isEmpty())
-                first = text;
-        }
+        while (reader.readNextStartElement())
+            read(reader);
     }
+}
+
+// A preset's group, a language alternative like its name: the "x-default"
+// text, else the first that is not empty, trimmed.
+QString group_text(QXmlStreamReader& reader)
+{
+    QString first;
+    QString by_default;
+    read_alternatives(reader, [&](QXmlStreamReader& item) {
+        if (item.name() != QLatin1String("li")) {
+            item.skipCurrentElement();
+            return;
+        }
+        const bool is_default = item.attributes().value(QLatin1String("xml:lang")) == QLatin1String("x-default");
+        const QString text = item.readElementText(QXmlStreamReader::IncludeChildElements).trimmed();
+        if (is_default && by_default.isEmpty())
+            by_default = text;
+        if (first.isEmpty())
+            first = text;
+    });
     return by_default.isEmpty() ? first : by_default;
 }
 
@@ -178,19 +187,13 @@ void lightroom_importer::read_xmp_data(const QByteArray& data)
 QString lightroom_importer::get_xmp_text(QXmlStreamReader& reader)
 {
     QString result;
-    while (reader.readNextStartElement()) {
-        if (reader.name() != QLatin1String("Alt")) {
-            reader.skipCurrentElement();
-            continue;
-        }
-        while (reader.readNextStartElement()) {
-            // The first non-empty entry wins, whatever its language.
-            if (reader.name() == QLatin1String("li") && result.isEmpty())
-                result = reader.readElementText(QXmlStreamReader::IncludeChildElements);
-            else
-                reader.skipCurrentElement();
-        }
-    }
+    read_alternatives(reader, [&result](QXmlStreamReader& item) {
+        // The first non-empty entry wins, whatever its language.
+        if (item.name() == QLatin1String("li") && result.isEmpty())
+            result = item.readElementText(QXmlStreamReader::IncludeChildElements);
+        else
+            item.skipCurrentElement();
+    });
     return result;
 }
 
