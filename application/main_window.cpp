@@ -465,16 +465,17 @@ void MainWindow::convert_presets(const QVector<preset_source>& files)
         window_conversion_shell shell(this, settings, account);
         result = run_conversion(files, options, shell);
     }
+    const outcome_counts counts = result.counts();
     qInfo().noquote() << QStringLiteral("Conversion run: %1 converted, %2 lost, %3 skipped, %4 failed%5")
-                             .arg(result.converted)
-                             .arg(result.lost)
-                             .arg(result.skipped)
-                             .arg(result.failed)
+                             .arg(counts.converted)
+                             .arg(counts.lost)
+                             .arg(counts.skipped)
+                             .arg(counts.failed)
                              .arg(result.cancelled ? QStringLiteral(", cancelled") : QString());
     const bool separate = options.format == output_format::separate;
     if (separate || result.pack_entries.isEmpty()) {
         account->show_run(result.counts(), separate ? output_folder() : QString());
-        if (to_capture_one && result.converted > 0)
+        if (to_capture_one && counts.converted > 0)
             account->show_closing_line(conversion_messages::restart_capture_one());
         return;
     }

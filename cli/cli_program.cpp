@@ -162,7 +162,6 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
     cli_shell shell(options);
     conversion_result result = run_conversion(presets, conversion, shell);
     cli_output::end_progress();
-    result.failed += unreadable;
 
     // Every style that went into a pack that was not saved says so.
     const auto not_saved = [&result](const QString& reason) {
@@ -182,10 +181,13 @@ int convert(const cli_options& options, const QVector<preset_source>& files, int
         }
     }
 
-    cli_output::result_line(conversion_messages::summary_line(result.counts()));
-    if (options.to_capture_one && result.converted > 0)
+    outcome_counts counts = result.counts();
+    // Presets that never reached the run: missing, unreadable, refused by an archive.
+    counts.failed += unreadable;
+    cli_output::result_line(conversion_messages::summary_line(counts));
+    if (options.to_capture_one && counts.converted > 0)
         cli_output::result_line(conversion_messages::restart_capture_one());
-    return result.failed > 0 || result.not_saved > 0 ? exit_failure : exit_success;
+    return counts.failed > 0 || counts.not_saved > 0 ? exit_failure : exit_success;
 }
 
 // Adds this user's Lightroom folders to the inputs and sends the styles to

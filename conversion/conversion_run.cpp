@@ -47,8 +47,6 @@ bool goes_on(question_answer answer, answer_memory& memory)
     return true;
 }
 
-int& count_of(conversion_result& result, outcome_kind kind);
-
 // The folder of a Lightroom group below Capture One's styles folder: the
 // preset's own group, else the folders it was found in (each a group of its
 // own), else none.
@@ -86,7 +84,6 @@ public:
             outcome.file = presets.at(i).path;
             convert(*steps, i, presets.at(i), result_.pack_entries, outcome);
             result_.outcomes.append(outcome);
-            ++count_of(result_, outcome.kind);
             shell_.report_outcome(outcome);
         }
         return std::move(result_);
@@ -181,7 +178,13 @@ private:
         // The same look from another folder, archive or group is written once;
         // a preset whose style takes the very same name replaces it instead,
         // and presets of one folder each keep their own file.
-        const same_styles::first_style* first = same_styles_.first_like(document);
+        const QByteArray identity = same_styles::identity_of(document);
+        const same_styles::first_style* first = same_styles_.first_like(identity);
+        // A first style that a later one of its name replaced is gone.
+        if (first != nullptr && result_.outcomes.at(first->index).kind != outcome_kind::converted) {
+            same_styles_.forget(identity);
+            first = nullptr;
+        }
         if (first != nullptr && first->folder != preset_folder) {
             const QString name =
                 separate_ ? folder + QLatin1Char('/') +
@@ -206,7 +209,7 @@ private:
                                                        "goes into the pack as %2.")
                                             .arg(path, entry);
             pack_entries.insert(entry, document);
-            same_styles_.remember(document, path, entry, preset_folder);
+            same_styles_.remember(identity, {path, entry, preset_folder, outcome.index});
             outcome.target = entry;
             outcome.in_pack = true;
             took(entry, outcome);
@@ -229,7 +232,7 @@ private:
         const bool there_before = !taken_by_.contains(target_key) && QFileInfo::exists(target);
         if (!write_style(target, document, reason))
             return fail(conversion_messages::write_failed(path, target, reason), outcome);
-        same_styles_.remember(document, path, target, preset_folder);
+        same_styles_.remember(identity, {path, target, preset_folder, outcome.index});
         outcome.target = target;
         outcome.written_over = there_before;
         took(target_key, outcome);
@@ -245,8 +248,6 @@ private:
             if (lost.kind == outcome_kind::converted) {
                 lost.kind = outcome_kind::lost;
                 lost.replaced_by = outcome.file;
-                --result_.converted;
-                ++result_.lost;
                 shell_.report_lost(lost);
             }
         }
@@ -337,22 +338,6 @@ private:
     QHash<QString, int> taken_by_;
 };
 
-int& count_of(conversion_result& result, outcome_kind kind)
-{
-    switch (kind) {
-    case outcome_kind::converted:
-        break;
-    case outcome_kind::skipped:
-        return result.skipped;
-    case outcome_kind::failed:
-        return result.failed;
-    case outcome_kind::lost:
-        return result.lost;
-    case outcome_kind::not_saved:
-        return result.not_saved;
-    }
-    return result.converted;
-}
 
 } // namespace
 
@@ -364,8 +349,6 @@ QVector<preset_outcome> conversion_result::pack_not_saved(const QString& reason)
             continue;
         outcome.kind = outcome_kind::not_saved;
         outcome.reason = reason;
-        --converted;
-        ++not_saved;
         changed.append(outcome);
     }
     return changed;

@@ -67,19 +67,15 @@ struct conversion_options {
 };
 
 struct conversion_result {
-    int converted = 0; // written, or collected for the pack, and still there
-    int skipped = 0;   // skipped by an answer, as a profile, or as the same style
-    int failed = 0;
-    int lost = 0;      // replaced by a later style of the same name
-    int not_saved = 0; // collected for a pack that was not saved
     bool cancelled = false;
     // Pack formats only: entry file name -> style document, in name order; a
     // later preset with the same name from the same folder replaces the earlier one.
     QMap<QString, QString> pack_entries;
-    // Every preset's outcome, in run order, as it stands now.
+    // Every preset's outcome, in run order, as it stands now: converted ones
+    // are the styles that exist (written, or collected for the pack).
     QVector<preset_outcome> outcomes;
 
-    outcome_counts counts() const { return {converted, skipped, failed, lost, not_saved}; }
+    outcome_counts counts() const { return counts_of(outcomes); }
     // The pack was not saved (reason: libzip's, or pack_cancelled()): every
     // style that went into it is not saved. Returns those outcomes, changed.
     QVector<preset_outcome> pack_not_saved(const QString& reason);

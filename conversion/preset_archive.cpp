@@ -91,8 +91,9 @@ private:
             return;
         const bool nested = QFileInfo(name).suffix().compare(archive_suffix, Qt::CaseInsensitive) == 0;
         if (!nested && preset_format_of(name) == preset_format::unsupported) {
-            if (!other_kind_of(name).isEmpty())
-                ++contents.others[other_kind_of(name)];
+            const QString other = other_kind_of(name);
+            if (!other.isEmpty())
+                ++contents.others[other];
             return;
         }
 

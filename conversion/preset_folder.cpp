@@ -21,8 +21,8 @@ QStringList presets_in_folder(const QString& folder, other_files* others, QStrin
             found.append(path);
         else if (archives != nullptr && is_preset_archive(path))
             archives->append(path);
-        else if (others != nullptr && !other_kind_of(path).isEmpty())
-            ++(*others)[other_kind_of(path)];
+        else if (const QString other = other_kind_of(path); others != nullptr && !other.isEmpty())
+            ++(*others)[other];
     }
     std::sort(found.begin(), found.end());
     if (archives != nullptr)

@@ -25,15 +25,14 @@ QByteArray same_styles::identity_of(const QString& document)
     return QCryptographicHash::hash(rest.toUtf8(), QCryptographicHash::Sha256);
 }
 
-const same_styles::first_style* same_styles::first_like(const QString& document) const
+const same_styles::first_style* same_styles::first_like(const QByteArray& identity) const
 {
-    const auto found = firsts_.constFind(identity_of(document));
+    const auto found = firsts_.constFind(identity);
     return found == firsts_.cend() ? nullptr : &found.value();
 }
 
-void same_styles::remember(const QString& document, const QString& file, const QString& name, const QString& folder)
+void same_styles::remember(const QByteArray& identity, const first_style& style)
 {
-    const QByteArray identity = identity_of(document);
     if (!firsts_.contains(identity))
-        firsts_.insert(identity, {file, name, folder});
+        firsts_.insert(identity, style);
 }

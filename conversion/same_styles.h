@@ -14,15 +14,21 @@ public:
         QString file; // the preset's path as handed to the run
         QString name;   // the file or pack entry its style went to
         QString folder; // the folder it was found in (an archive's path counts as a folder)
+        int index = -1; // its outcome's place in the run
     };
 
-    // The first style of the run equal to document, or nullptr.
-    const first_style* first_like(const QString& document) const;
-    // Remembers document's style unless an equal one came first.
-    void remember(const QString& document, const QString& file, const QString& name, const QString& folder);
-
-private:
+    // What two documents share when they are the same style: a digest of
+    // the document without its UUID's value.
     static QByteArray identity_of(const QString& document);
 
+    // The first style of the run with this identity, or nullptr.
+    const first_style* first_like(const QByteArray& identity) const;
+    // Remembers a style of this identity unless one came first.
+    void remember(const QByteArray& identity, const first_style& style);
+    // Forgets the first style of this identity: it was replaced by a later
+    // style of its name, so the next preset of this look is written again.
+    void forget(const QByteArray& identity) { firsts_.remove(identity); }
+
+private:
     QHash<QByteArray, first_style> firsts_;
 };

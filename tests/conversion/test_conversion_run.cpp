@@ -72,8 +72,8 @@ TEST(conversion_run, reads_by_suffix_names_by_base_name_and_goes_on_after_failur
     const conversion_result result = b.run(files);
 
     EXPECT_EQ(b.written(), (QStringList{"My.Look.costyle", "Preset.costyle", "a.costyle", "gone.costyle"}));
-    EXPECT_EQ(result.converted, 4);
-    EXPECT_EQ(result.failed, 2);
+    EXPECT_EQ(result.counts().converted, 4);
+    EXPECT_EQ(result.counts().failed, 2);
     EXPECT_TRUE(b.style("a.costyle").contains("V=\"Mixed\""));
     EXPECT_TRUE(b.style("gone.costyle").contains("K=\"Name\" V=\"\""));
     ASSERT_EQ(b.failures.size(), 2u);
@@ -137,8 +137,8 @@ TEST(conversion_run, answers_are_remembered_by_the_rules_of_the_run)
         const conversion_result result = b.run(files);
         EXPECT_EQ(b.asked(files), c.asked);
         EXPECT_EQ(b.written(), c.written);
-        EXPECT_EQ(result.converted, c.written.size());
-        EXPECT_EQ(result.skipped, files.size() - c.written.size());
+        EXPECT_EQ(result.counts().converted, c.written.size());
+        EXPECT_EQ(result.counts().skipped, files.size() - c.written.size());
     }
 }
 

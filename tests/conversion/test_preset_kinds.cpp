@@ -89,6 +89,13 @@ TEST(preset_kinds, every_preset_s_style_is_accounted_for)
           "in/Soft.lrtemplate: lost: replaced by the style of in/Soft.xmp (same file name)",
           "in/Soft.xmp: converted into the pack as Soft.costyle"},
          {"Soft.costyle"}},
+        {"a look whose first style was replaced is written again",
+         {{"in/A/Soft.lrtemplate", soft_b}, {"in/A/Soft.xmp", soft}, {"in/B/Other.lrtemplate", soft_b}}, {"in"}, false,
+         false, {},
+         {"in/A/Soft.lrtemplate: converted into out/A/Soft.costyle",
+          "in/A/Soft.lrtemplate: lost: replaced by the style of in/A/Soft.xmp (same file name)",
+          "in/A/Soft.xmp: converted into out/A/Soft.costyle", "in/B/Other.lrtemplate: converted into out/B/Other.costyle"},
+         {"A/Soft.costyle", "B/Other.costyle"}},
         {"styles that differ in their name stay two",
          {{"in/A/Soft.xmp", soft}, {"in/B/Soft.xmp", preset_text("Soft.xmp", "Soft B", flagged("colourful"))}},
          {"in"}, false, true, {},
@@ -166,8 +173,8 @@ TEST(preset_kinds, every_preset_s_style_is_accounted_for)
         written.sort();
         EXPECT_EQ(written, run.written);
         // The styles the counts call converted are the ones that exist.
-        EXPECT_EQ(result.converted, run.written.size());
-        EXPECT_EQ(result.converted + result.lost + result.not_saved + result.skipped + result.failed,
+        EXPECT_EQ(result.counts().converted, run.written.size());
+        EXPECT_EQ(result.counts().converted + result.counts().lost + result.counts().not_saved + result.counts().skipped + result.counts().failed,
                   gathered.presets.size());
     }
 }
